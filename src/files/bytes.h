@@ -1,0 +1,112 @@
+// Little-endian, packed fields in the bytes of a file. A record's field list, a function that hands each field in
+// file order to its first argument, serves FieldWidths, FieldReader and FieldWriter alike. ByteCursor walks a whole
+// file, checking each step against what is left.
+#pragma once
+
+#include <cstring>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "files/failure.h"
+#include "state/types.h"
+
+namespace velmoran {
+
+constexpr Integer IntegerAt(const Byte* at) {
+  return static_cast<Integer>(at[0] | at[1] << 8);
+}
+
+constexpr Long LongAt(const Byte* at) {
+  return static_cast<Long>(at[0] | std::uint32_t{at[1]} << 8 | std::uint32_t{at[2]} << 16 | std::uint32_t{at[3]} << 24);
+}
+
+constexpr void PutLong(Byte* at, Long value) {
+  const auto bits = static_cast<std::uint32_t>(value);
+  for (int i = 0; i < 4; ++i) at[i] = static_cast<Byte>(bits >> (8 * i));
+}
+
+// Adds up the bytes that the fields take in the file.
+struct FieldWidths {
+  std::size_t total = 0;
+
+  constexpr void operator()(Byte) { total += 1; }
+  constexpr void operator()(Long) { total += 4; }
+  template <class Entry, std::size_t Count>
+  constexpr void operator()(const Table<Entry, Count>&) {
+    total += Count * sizeof(Entry);
+  }
+};
+
+// Fills the fields from the bytes on, which must hold as many as FieldWidths tells.
+struct FieldReader {
+  const Byte* at;
+
+  void operator()(Byte& field) { field = *at++; }
+  void operator()(Long& field) {
+    field = LongAt(at);
+    at += 4;
+  }
+  template <std::size_t Count>
+  void operator()(Table<Byte, Count>& field) {
+    std::memcpy(field.data(), at, Count);
+    at += Count;
+  }
+  template <std::size_t Count>
+  void operator()(Table<Long, Count>& field) {
+    for (Long& entry : field) (*this)(entry);
+  }
+};
+
+// Stores the fields from the bytes on, which must have room for as many as FieldWidths tells.
+struct FieldWriter {
+  Byte* at;
+
+  void operator()(Byte field) { *at++ = field; }
+  void operator()(Long field) {
+    PutLong(at, field);
+    at += 4;
+  }
+  template <std::size_t Count>
+  void operator()(const Table<Byte, Count>& field) {
+    std::memcpy(at, field.data(), Count);
+    at += Count;
+  }
+  template <std::size_t Count>
+  void operator()(const Table<Long, Count>& field) {
+    for (const Long entry : field) (*this)(entry);
+  }
+};
+
+class ByteCursor {
+ public:
+  // Begins at the offset, which may lie behind the end of the bytes.
+  ByteCursor(std::span<const Byte> bytes, std::string_view file, std::int64_t offset = 0)
+      : bytes_(bytes), file_(file), offset_(offset) {}
+
+  // The next bytes, and steps behind them. Throws Failure, which names the file, the part of it that these bytes
+  // belong to and the offset, when the file ends before.
+  const Byte* Take(std::int64_t count, std::string_view part, Long number = -1) {
+    const std::int64_t missing = offset_ + count - static_cast<std::int64_t>(bytes_.size());
+    if (missing > 0) {
+      throw Failure{FailureNumber::PastEndOfFile,
+                    Place(part, number) + ": the file ends " + std::to_string(missing) + " bytes too early"};
+    }
+    const Byte* taken = bytes_.data() + offset_;
+    offset_ += count;
+    return taken;
+  }
+
+  // "file, record 3 at offset 1234", for the description of a Failure.
+  std::string Place(std::string_view part, Long number = -1) const {
+    return std::string(file_) + ", " + std::string(part) + (number < 0 ? "" : " " + std::to_string(number)) +
+           " at offset " + std::to_string(offset_);
+  }
+
+ private:
+  std::span<const Byte> bytes_;
+  std::string_view file_;
+  std::int64_t offset_;
+};
+
+}  // namespace velmoran

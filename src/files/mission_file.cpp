@@ -1,0 +1,165 @@
+#include "files/mission_file.h"
+
+#include "files/bytes.h"
+#include "files/path.h"
+#include "state/numbering.h"
+
+namespace velmoran {
+
+namespace {
+
+template <class Field, class Run>
+constexpr void HeaderFields(Field& field, Run& run) {
+  field(run.HeaderBytes);
+  field(run.PlayerFlight);
+  field(run.HeaderFlag);
+}
+
+template <class Field, class Mission>
+constexpr void HeadFields(Field& field, Mission& flight) {
+  field(flight.FlightID);
+  field(flight.SquadID);
+  field(flight.Carried8);
+  field(flight.FlightType);
+  field(flight.HeadLong16);
+  field(flight.MissionType);
+  field(flight.HeadLong24);
+  field(flight.NumAircraft);
+  field(flight.Carried32);
+  field(flight.Target);
+  field(flight.Carried184);
+  field(flight.WPCount);
+  field(flight.Carried196);
+  field(flight.EscortFlag);
+  field(flight.Carried208);
+}
+
+template <class Field, class Waypoint>
+constexpr void WaypointFields(Field& field, Waypoint& waypoint) {
+  field(waypoint.WPLong0);
+  field(waypoint.Carried4);
+  field(waypoint.Lon);
+  field(waypoint.Lat);
+  field(waypoint.WPLong20);
+  field(waypoint.WPBytes);
+  field(waypoint.AltBytes);
+  field(waypoint.WPByte33);
+  field(waypoint.WPByte34);
+  field(waypoint.WPByte35);
+  field(waypoint.WPLong36);
+  field(waypoint.Formation);
+  field(waypoint.Action);
+  field(waypoint.ActionParam);
+}
+
+template <class Field, class Mission>
+constexpr void TailFields(Field& field, Mission& flight) {
+  field(flight.TailLong);
+  field(flight.Planes);
+  field(flight.Pilots);
+  field(flight.SlotExtra);
+}
+
+constexpr std::size_t HeadWidth = [] {
+  FieldWidths widths;
+  MissionRec flight;
+  HeadFields(widths, flight);
+  return widths.total;
+}();
+constexpr std::size_t WaypointWidth = [] {
+  FieldWidths widths;
+  WaypointRec waypoint;
+  WaypointFields(widths, waypoint);
+  return widths.total;
+}();
+constexpr std::size_t TailWidth = [] {
+  FieldWidths widths;
+  MissionRec flight;
+  TailFields(widths, flight);
+  return widths.total;
+}();
+constexpr std::size_t HeaderWidth = 17;  // the header's fields and the count
+constexpr std::size_t CountOffset = 13;
+constexpr std::size_t LinkWidth = 4;  // EscortedFlight
+static_assert(HeadWidth == 216 && WaypointWidth == 46 && TailWidth == 148);
+
+// The reader takes EscortedFlight for any flag but 0, the writer stores it only for one above 0: the simulation's own
+// way, so a negative flag loses its link in the file written.
+bool LinkStandsInFile(const MissionRec& flight) {
+  return flight.EscortFlag != 0;
+}
+bool LinkIsWritten(const MissionRec& flight) {
+  return flight.EscortFlag > 0;
+}
+
+// What follows the head in the file.
+std::size_t BodyWidth(const MissionRec& flight, bool withLink) {
+  return (withLink ? LinkWidth : 0) + WaypointWidth * static_cast<std::size_t>(flight.WPCount) + TailWidth;
+}
+
+std::string OutsideLimits(const std::string& what, Long value, Long most) {
+  return what + " " + std::to_string(value) + " is outside 0 to " + std::to_string(most);
+}
+
+// Walks all records, so that none is taken over from a file that turns out unsound further on.
+void CheckImage(const std::vector<Byte>& image, std::string_view file) {
+  ByteCursor cursor(image, file);
+  const ByteCursor header = cursor;
+  const Long count = LongAt(cursor.Take(HeaderWidth, "header") + CountOffset);
+  if (count < 0 || count > MissionRows) {
+    throw Failure{FailureNumber::OutsideTable, header.Place("header") + OutsideLimits(": count", count, MissionRows)};
+  }
+  MissionRec flight;
+  for (Long row = 0; row < count; ++row) {
+    const ByteCursor record = cursor;
+    FieldReader head{cursor.Take(HeadWidth, "record", row)};
+    HeadFields(head, flight);
+    if (flight.WPCount < 0 || flight.WPCount > WaypointRows) {
+      throw Failure{FailureNumber::OutsideTable,
+                    record.Place("record", row) + OutsideLimits(": WPCount", flight.WPCount, WaypointRows)};
+    }
+    cursor.Take(static_cast<std::int64_t>(BodyWidth(flight, LinkStandsInFile(flight))), "record", row);
+  }
+}
+
+}  // namespace
+
+void ReadMissions(RunState& run, const std::vector<Byte>& image) {
+  CheckImage(image, FileName(run.MisPath));
+  FieldReader field{image.data()};
+  HeaderFields(field, run);
+  field(run.LoadedCount);
+  run.MissionCount = run.LoadedCount;
+  for (Long row = 0; row < run.LoadedCount; ++row) {
+    MissionRec& flight = run.Missions[row];
+    HeadFields(field, flight);
+    if (LinkStandsInFile(flight)) field(flight.EscortedFlight);
+    for (Long k = 0; k < flight.WPCount; ++k) WaypointFields(field, flight.Waypoints[k]);
+    TailFields(field, flight);
+  }
+}
+
+std::vector<Byte> ComposeMissionImage(const RunState& run) {
+  std::size_t size = HeaderWidth;
+  for (Long row = 0; row < run.LoadedCount; ++row) {
+    if (run.Removed[row] != InPlay) continue;
+    const MissionRec& flight = run.Missions[row];
+    size += HeadWidth + BodyWidth(flight, LinkIsWritten(flight));
+  }
+
+  std::vector<Byte> image(size);
+  FieldWriter field{image.data()};
+  HeaderFields(field, run);
+  field(run.MissionCount);
+  for (Long row = 0; row < run.LoadedCount; ++row) {
+    if (run.Removed[row] != InPlay) continue;
+    const MissionRec& flight = run.Missions[row];
+    HeadFields(field, flight);
+    if (LinkIsWritten(flight)) field(flight.EscortedFlight);
+    for (Long k = 0; k < flight.WPCount; ++k) WaypointFields(field, flight.Waypoints[k]);
+    TailFields(field, flight);
+  }
+  return image;
+}
+
+}  // namespace velmoran

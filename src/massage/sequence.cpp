@@ -1,0 +1,9 @@
+#include "massage/sequence.h"
+
+
+namespace velmoran {
+
+void RunMassage(RunState& /*run*/) {
+}
+
+}  // namespace velmoran

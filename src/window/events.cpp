@@ -1,0 +1,110 @@
+#include "window/events.h"
+
+#include <span>
+#include <string>
+#include <vector>
+
+#include "files/disk.h"
+#include "files/failure.h"
+#include "files/mission_file.h"
+#include "files/path.h"
+#include "massage/sequence.h"
+#include "platform/platform.h"
+#include "state/rnd.h"
+
+namespace velmoran {
+
+namespace {
+
+constexpr std::string_view StartHint =
+    "Press Open to open a mission (campgn??.mis) file.  "
+    "When you have opened the mission file the filename will appear";
+constexpr std::string_view OpenedHint =
+    "File opened.  Press Massage to alter mission types and altitudes.  "
+    "You can also press Generate Report to get a report of mission paramaters before massaging";
+constexpr std::string_view MassagedHint =
+    "Data massage complete.  Press Write to save the altered mission types and altitudes.  "
+    "You can also press Generate Report to get a report of mission paramaters after massaging";
+constexpr std::string_view WrittenHint =
+    "Write complete.  Press Exit to exit the program.  "
+    "You can also press Generate Report to get a report of mission paramaters after massaging";
+
+constexpr std::string_view AnyMissionFile = "*.mis";
+constexpr std::string_view ReportName = "MissionReport.txt";
+
+constexpr int FolderNameLength = 8;  // of the folder that the tool runs in, beside the simulation's data folder
+constexpr int ExtensionLength = 3;
+
+void ShowHint(RunState& run, std::string_view hint) {
+  run.HintText = hint;
+  SetHintText(run.HintText);
+}
+
+void ShowRefusal(const Failure& failure) {
+  ShowMessage(FailureText(failure) + "; the mission file was not changed");
+}
+
+}  // namespace
+
+void Form_Load(RunState& run) {
+  SeedRnd(run);
+  run.MisPath.clear();
+  SetInitialValues(run);
+  run.WorkDir = CurrentDirectory();
+  run.DataPath = DropLastCharacters(run.WorkDir, FolderNameLength) + "data\\simpatch";
+  EnableButton(Button::MassageB, false);
+  EnableButton(Button::ReportB, false);
+  EnableButton(Button::WriteB, false);
+  ShowHint(run, StartHint);
+}
+
+void OpenB_Click(RunState& run) {
+  run.MisPath = ShowOpenDialog(run.WorkDir, AnyMissionFile);
+  if (run.MisPath == AnyMissionFile || run.MisPath.empty()) return;
+  try {
+    const std::vector<Byte> image = ReadFile(run.MisPath);
+    run.DatPath = DropLastCharacters(run.MisPath, ExtensionLength) + "dat";
+    ReadMissions(run, image);
+  } catch (const Failure& failure) {
+    ShowRefusal(failure);
+    return;
+  }
+  SetTargetCaption(run.MisPath);
+  EnableButton(Button::OpenB, false);
+  EnableButton(Button::MassageB, true);
+  EnableButton(Button::ReportB, true);
+  ShowHint(run, OpenedHint);
+}
+
+void MassageB_Click(RunState& run) {
+  RunMassage(run);
+  EnableButton(Button::OpenB, false);
+  EnableButton(Button::MassageB, false);
+  EnableButton(Button::ReportB, true);
+  EnableButton(Button::WriteB, true);
+  ShowHint(run, MassagedHint);
+}
+
+void ReportB_Click(RunState& run) {
+  ShowSaveDialog(run.WorkDir, ReportName);
+}
+
+void WriteB_Click(RunState& run) {
+  try {
+    WriteFile(run.MisPath, ComposeMissionImage(run));  // all of it stands before the file is emptied
+  } catch (const Failure& failure) {
+    ShowMessage(FailureText(failure) + "; the massaged flights are kept: mend the cause and press Write again");
+    return;
+  }
+  EnableButton(Button::OpenB, false);
+  EnableButton(Button::MassageB, false);
+  EnableButton(Button::ReportB, true);
+  EnableButton(Button::WriteB, false);
+  ShowHint(run, WrittenHint);
+}
+
+void ExitB_Click() {
+  EndProgram(false);
+}
+
+}  // namespace velmoran
