@@ -8,6 +8,7 @@
 #include "files/failure.h"
 #include "files/mission_file.h"
 #include "files/path.h"
+#include "files/setup.h"
 #include "massage/sequence.h"
 #include "platform/platform.h"
 #include "state/rnd.h"
@@ -52,6 +53,12 @@ void Form_Load(RunState& run) {
   SetInitialValues(run);
   run.WorkDir = CurrentDirectory();
   run.DataPath = DropLastCharacters(run.WorkDir, FolderNameLength) + "data\\simpatch";
+  try {
+    ReadSetup(run);
+  } catch (const Failure& failure) {
+    ShowMessage(FailureText(failure));
+    EndProgram(true);
+  }
   EnableButton(Button::MassageB, false);
   EnableButton(Button::ReportB, false);
   EnableButton(Button::WriteB, false);
