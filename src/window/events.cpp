@@ -4,10 +4,12 @@
 #include <string>
 #include <vector>
 
+#include "files/campaign_date.h"
 #include "files/disk.h"
 #include "files/failure.h"
 #include "files/mission_file.h"
 #include "files/path.h"
+#include "files/roster.h"
 #include "files/setup.h"
 #include "massage/sequence.h"
 #include "platform/platform.h"
@@ -55,6 +57,7 @@ void Form_Load(RunState& run) {
   run.DataPath = DropLastCharacters(run.WorkDir, FolderNameLength) + "data\\simpatch";
   try {
     ReadSetup(run);
+    GetSquadInfo(run);
   } catch (const Failure& failure) {
     ShowMessage(FailureText(failure));
     EndProgram(true);
@@ -71,6 +74,7 @@ void OpenB_Click(RunState& run) {
   try {
     const std::vector<Byte> image = ReadFile(run.MisPath);
     run.DatPath = DropLastCharacters(run.MisPath, ExtensionLength) + "dat";
+    ReadCampaignDate(run);
     ReadMissions(run, image);
   } catch (const Failure& failure) {
     ShowRefusal(failure);

@@ -1,0 +1,65 @@
+#include "files/campaign_date.h"
+
+#include <string>
+#include <vector>
+
+#include "files/bytes.h"
+#include "files/disk.h"
+#include "files/path.h"
+
+namespace velmoran {
+
+namespace {
+
+// Offsets and widths in bytes. The two lists lie between the first list's count and the second control word; each
+// count stands 4 bytes ahead of its list.
+constexpr Long DateAt = 3200, GateAt = 3216, FirstCountAt = 3343, AxisAt = 3380;
+constexpr Long CountWidth = 4, EntryWidth = 16;
+
+// The most entries whose widths, and for the first list also the second count's position from 1, fit an Integer.
+constexpr Long FirstListLimit = (32767 - (FirstCountAt + CountWidth + 1)) / EntryWidth;
+constexpr Long SecondListLimit = 32767 / EntryWidth;
+
+// First day of the war periods 1 to 6, counted from CampaignStart.
+constexpr Table<Long, 6> PeriodStarts{366, 549, 732, 921, 1104, 1287};
+
+const Byte* At(const std::vector<Byte>& bytes, std::string_view file, Long offset, Long width, std::string_view part) {
+  return ByteCursor(bytes, file, offset).Take(width, part);
+}
+
+Long CountAt(const std::vector<Byte>& bytes, std::string_view file, Long offset, Long limit) {
+  const Long count = IntegerAt(At(bytes, file, offset, 2, "count of a list"));
+  if (count < 0 || count > limit) {
+    throw Failure{FailureNumber::OutsideTable, std::string(file) + " at offset " + std::to_string(offset) +
+                                                   ": a list of " + std::to_string(count) +
+                                                   " entries is outside 0 to " + std::to_string(limit)};
+  }
+  return count;
+}
+
+Integer PeriodOf(std::int64_t days) {
+  Integer period = 0;
+  for (const Long start : PeriodStarts) {
+    if (days >= start) ++period;
+  }
+  return period;
+}
+
+}  // namespace
+
+void ReadCampaignDate(RunState& run) {
+  const std::vector<Byte> bytes = ReadFile(run.DatPath);
+  const std::string_view file = FileName(run.DatPath);
+  const Long date = LongAt(At(bytes, file, DateAt, 4, "date"));
+  const Integer gate = IntegerAt(At(bytes, file, GateAt, 2, "first control word"));
+  const Long first = CountAt(bytes, file, FirstCountAt, FirstListLimit);
+  const Long second = CountAt(bytes, file, FirstCountAt + CountWidth + EntryWidth * first, SecondListLimit);
+  const Integer axis = IntegerAt(At(bytes, file, AxisAt + EntryWidth * (first + second), 2, "second control word"));
+
+  run.CampaignDate = date;
+  run.TypeOddsGate = gate;
+  run.ShiftAxis = axis;
+  run.WarPeriod = PeriodOf(std::int64_t{date} - run.CampaignStart);
+}
+
+}  // namespace velmoran

@@ -1,0 +1,14 @@
+// The campaign file campgn??.dat beside the mission file: how far the war has gone, and two control words.
+#pragma once
+
+#include "state/run_state.h"
+
+namespace velmoran {
+
+// Fills CampaignDate, TypeOddsGate, ShiftAxis and, from the days since CampaignStart, WarPeriod from the file at
+// DatPath. Throws Failure, with no field changed, when the file can't be read or is shorter than its last word, or
+// when one of its two counts is negative or too large for the 16 bits in which positions are told. OpenB_Click calls
+// it.
+void ReadCampaignDate(RunState& run);
+
+}  // namespace velmoran

@@ -1,0 +1,66 @@
+#include "files/roster.h"
+
+#include <algorithm>
+#include <span>
+#include <vector>
+
+#include "files/bytes.h"
+#include "files/disk.h"
+#include "files/path.h"
+
+namespace velmoran {
+
+namespace {
+
+// Offsets and widths in a record, in bytes.
+constexpr std::size_t NameLetters = 39;
+constexpr Long IdAt = 40, NationAt = 48, FirstCountAt = 56, FixedWidth = 60;
+constexpr std::int64_t FirstEntryWidth = 16, SecondCountWidth = 4, SecondEntryWidth = 28;
+
+void SkipList(ByteCursor& cursor, const ByteCursor& record, Long row, Long count, std::int64_t entryWidth) {
+  if (count < 0) {
+    throw Failure{FailureNumber::OutsideTable,
+                  record.Place("record", row) + ": a list of " + std::to_string(count) + " entries"};
+  }
+  cursor.Take(count * entryWidth, "record", row);
+}
+
+// The squadron's row, the last of several; null when the roster doesn't hold it.
+const SquadRec* FindSquadron(const RunState& run, Long squadID) {
+  const auto last = run.Squadrons.rend() - SquadronsFilled;
+  const auto found = std::find_if(last, run.Squadrons.rend(),
+                                  [squadID](const SquadRec& squadron) { return squadron.squadID == squadID; });
+  return found == run.Squadrons.rend() ? nullptr : &*found;
+}
+
+}  // namespace
+
+void GetSquadInfo(RunState& run) {
+  const std::string path = run.DataPath + "\\squadron.dat";
+  const std::vector<Byte> bytes = ReadFile(path);
+  ByteCursor cursor(bytes, FileName(path));
+  for (Long row = 0; row < SquadronsFilled; ++row) {
+    const ByteCursor start = cursor;
+    const Byte* record = cursor.Take(FixedWidth, "record", row);
+    SquadRec& squadron = run.Squadrons[row];
+    squadron.SquadName.clear();
+    for (const Byte letter : std::span(record, NameLetters)) {
+      if (letter != '*') squadron.SquadName += static_cast<char>(letter);
+    }
+    squadron.squadID = IntegerAt(record + IdAt);
+    squadron.nation = IntegerAt(record + NationAt);
+    SkipList(cursor, start, row, LongAt(record + FirstCountAt), FirstEntryWidth);
+    SkipList(cursor, start, row, LongAt(cursor.Take(SecondCountWidth, "record", row)), SecondEntryWidth);
+  }
+}
+
+void GetNation(const RunState& run, Integer squadID, Integer& nation) {
+  if (const SquadRec* squadron = FindSquadron(run, squadID)) nation = squadron->nation;
+}
+
+void GetSquadName(const RunState& run, Long squadID, std::string_view& SquadName) {
+  const SquadRec* squadron = FindSquadron(run, squadID);
+  SquadName = squadron ? std::string_view(squadron->SquadName) : "Unknown";
+}
+
+}  // namespace velmoran
