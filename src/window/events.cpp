@@ -13,6 +13,7 @@
 #include "files/setup.h"
 #include "massage/sequence.h"
 #include "platform/platform.h"
+#include "report/report.h"
 #include "state/rnd.h"
 
 namespace velmoran {
@@ -97,7 +98,13 @@ void MassageB_Click(RunState& run) {
 }
 
 void ReportB_Click(RunState& run) {
-  ShowSaveDialog(run.WorkDir, ReportName);
+  const std::string path = ShowSaveDialog(run.WorkDir, ReportName);
+  const std::string report = ComposeReport(run);
+  try {
+    WriteFile(path, std::span(reinterpret_cast<const Byte*>(report.data()), report.size()));
+  } catch (const Failure& failure) {
+    ShowMessage(FailureText(failure));
+  }
 }
 
 void WriteB_Click(RunState& run) {

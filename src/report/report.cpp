@@ -1,0 +1,166 @@
+#include "report/report.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <string_view>
+
+#include "files/roster.h"
+#include "massage/altitude.h"
+#include "report/names.h"
+#include "state/numbering.h"
+
+namespace velmoran {
+
+namespace {
+
+constexpr std::size_t ZoneWidth = 14;
+constexpr Long FlightText = 1024, WaypointText = 256;  // in characters, enough for most
+
+struct Printed {  // a number with a blank or its minus sign in front and a blank behind
+  Long number;
+};
+struct Joined {  // a number's digits, a minus sign in front if it has one
+  Long number;
+};
+struct Zone {};  // blanks up to the next multiple of ZoneWidth
+
+// Puts the items of lines one behind the other.
+class ReportText {
+ public:
+  explicit ReportText(std::size_t expected) { text_.reserve(expected); }
+
+  template <class... Items>
+  void Line(const Items&... items) {
+    lineStart_ = text_.size();
+    (Put(items), ...);
+    text_ += "\r\n";
+  }
+  // A blank line isn't empty: it holds one blank.
+  void BlankLine() { Line(" "); }
+
+  std::string Take() { return std::move(text_); }
+
+ private:
+  void Put(std::string_view text) { text_ += text; }
+  void Put(Joined joined) {
+    std::array<char, 12> digits;
+    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), joined.number).ptr;
+    text_.append(digits.data(), end);
+  }
+  void Put(Printed printed) {
+    if (printed.number >= 0) text_ += ' ';
+    Put(Joined{printed.number});
+    text_ += ' ';
+  }
+  void Put(Zone) { text_.append(ZoneWidth - (text_.size() - lineStart_) % ZoneWidth, ' '); }
+
+  std::string text_;
+  std::size_t lineStart_ = 0;
+};
+
+void PutWaypoint(ReportText& text, const WaypointRec& waypoint, Long k) {
+  std::string_view name;
+  text.Line("    Altitude at Waypoint ", Printed{k}, ": ", Printed{GetWPAltitude(waypoint.AltBytes)});
+  text.Line("    Lon at Waypoint ", Printed{k}, ": ", Printed{waypoint.Lon});
+  text.Line("    Lat at Waypoint ", Printed{k}, ": ", Printed{waypoint.Lat});
+  GetWPAction(waypoint.Action, name);
+  text.Line("    Action at Waypoint    ", Printed{k}, ": ", Printed{waypoint.Action}, Zone{}, name);
+  GetWPFormation(waypoint.Formation, name);
+  text.Line("    Formation at Waypoint ", Printed{k}, ": ", Printed{waypoint.Formation}, Zone{}, name);
+}
+
+void PutFlight(ReportText& text, const RunState& run, const MissionRec& flight) {
+  std::string_view name;
+  text.Line("Mission:       ", Printed{flight.FlightID});
+  GetSquadName(run, flight.SquadID, name);
+  text.Line("Squadron:      ", name);
+  GetMissionName(flight.MissionType, name);
+  text.Line("Mission:       ", name);
+  if (flight.EscortFlag > 0) text.Line("Escorting Flight Number", Printed{flight.EscortedFlight});
+  text.Line("Num Planes:    ", Printed{flight.NumAircraft});
+  text.BlankLine();
+  for (Long slot = 0; slot < std::min(flight.NumAircraft, Slots); ++slot) {
+    const Long plane = flight.Planes[slot];
+    if (plane == EmptySlot) continue;
+    const bool known = plane >= 0 && plane < AircraftRows;
+    text.Line("    Plane: ", known ? std::string_view(run.Aircraft[plane].AircraftName) : "Unknown");
+  }
+  text.BlankLine();
+  for (const Long pilot : flight.Pilots) {
+    if (pilot != EmptySlot) text.Line("    Pilot: ", Printed{pilot});
+  }
+  for (Long k = 1; k <= flight.WPCount; ++k) PutWaypoint(text, flight.Waypoints[k - 1], k);
+}
+
+// The rows of the flights in play, in table order.
+template <class Visit>
+void ForEachListed(const RunState& run, Visit visit) {
+  for (Long row = 0; row < run.LoadedCount; ++row) {
+    if (run.Removed[row] == InPlay) visit(run.Missions[row]);
+  }
+}
+
+void PutSquadrons(ReportText& text, const RunState& run) {
+  Table<Integer, SquadronRows> tally{};  // planes, by SquadID
+  ForEachListed(run, [&](const MissionRec& flight) {
+    if (flight.SquadID < 0 || flight.SquadID >= SquadronRows) return;
+    Integer& planes = tally[flight.SquadID];
+    planes = static_cast<Integer>(std::int64_t{planes} + flight.NumAircraft);
+  });
+
+  Integer nation = 0;  // a squadron outside the roster shows that of the line before
+  for (Integer squadID = 0; squadID < SquadronRows - 1; ++squadID) {  // the last one has no line
+    if (tally[squadID] == 0) continue;
+    std::string_view name;
+    GetSquadName(run, squadID, name);
+    GetNation(run, squadID, nation);
+    text.Line("Squadron: ", name, "   ID    : ", Joined{squadID}, "   Nation: ", Joined{nation},
+              "   Planes: ", Joined{tally[squadID]});
+  }
+}
+
+// Enough that the text seldom moves as it grows.
+std::size_t ExpectedLength(const RunState& run) {
+  Long length = FlightText;
+  ForEachListed(run, [&length](const MissionRec& flight) { length += FlightText + flight.WPCount * WaypointText; });
+  return static_cast<std::size_t>(length);
+}
+
+}  // namespace
+
+std::string ComposeReport(const RunState& run) {
+  ReportText text(ExpectedLength(run));
+  text.Line("Player Flight ID :       ", Printed{run.PlayerFlight});
+  text.Line("Mission Count    :       ", Printed{run.MissionCount});
+  text.BlankLine();
+  ForEachListed(run, [&](const MissionRec& flight) { PutFlight(text, run, flight); });
+  text.BlankLine();
+  text.BlankLine();
+
+  ForEachListed(run, [&](const MissionRec& flight) {
+    if (flight.MissionType != TypeEscort) return;
+    text.Line("Mission ", Joined{flight.FlightID}, " Escort Mission for ", Joined{flight.EscortedFlight});
+  });
+  text.BlankLine();
+  ForEachListed(run, [&](const MissionRec& flight) {
+    for (Long k = 0; k < flight.WPCount; ++k) {
+      if (flight.Waypoints[k].Action == ActionRendezvous) text.Line("Escorted Mission ", Joined{flight.FlightID});
+    }
+  });
+  text.BlankLine();
+  text.BlankLine();
+
+  PutSquadrons(text, run);
+  text.BlankLine();
+  text.BlankLine();
+
+  for (Long pair = 0; pair < run.GroupPairCount; ++pair) {
+    const GroupPairRec& grouped = run.GroupPairs[pair];
+    text.Line("Grouped Missions ", Joined{run.Missions[grouped.sourceIndex].FlightID}, " and ",
+              Joined{run.Missions[grouped.targetIndex].FlightID});
+  }
+  return text.Take();
+}
+
+}  // namespace velmoran

@@ -1,0 +1,63 @@
+#include <filesystem>
+#include <utility>
+
+#include "fakes.h"
+
+namespace fakes {
+
+Form form;
+
+std::string Buttons() {
+  std::string on;
+  for (std::size_t i = 0; i < form.enabled.size(); ++i) {
+    if (form.enabled[i]) on += "OMRWE"[i];
+  }
+  return on;
+}
+
+void Reset() {
+  form = {};
+}
+
+namespace {
+
+std::string Answer(const std::string& dialog, std::string_view directory, std::string_view name) {
+  form.asked.push_back(dialog + " " + std::string(directory) + " [" + std::string(name) + "]");
+  const std::string typed = std::exchange(form.answer, "");
+  return typed.empty() ? std::string(name) : typed;
+}
+
+}  // namespace
+
+}  // namespace fakes
+
+namespace velmoran {
+
+using fakes::form;
+
+std::string CurrentDirectory() {
+  return form.directory.empty() ? std::filesystem::current_path().string() : form.directory;
+}
+std::string ShowOpenDialog(std::string_view directory, std::string_view fileName) {
+  return fakes::Answer("open", directory, fileName);
+}
+std::string ShowSaveDialog(std::string_view directory, std::string_view fileName) {
+  return fakes::Answer("save", directory, fileName);
+}
+void EnableButton(Button button, bool enabled) {
+  form.enabled[static_cast<std::size_t>(button)] = enabled;
+}
+void SetHintText(std::string_view text) {
+  form.hint = text;
+}
+void SetTargetCaption(std::string_view text) {
+  form.target = text;
+}
+void ShowMessage(std::string_view text) {
+  form.messages.emplace_back(text);
+}
+void EndProgram(bool failed) {
+  throw fakes::ProgramEnded{failed};
+}
+
+}  // namespace velmoran

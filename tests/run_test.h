@@ -1,0 +1,82 @@
+// A RunState as Form_Load leaves it, with a few squadrons and aircraft, and a builder of flights. Each test must use
+// up the draws that it scripts.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <vector>
+
+#include "fakes.h"
+#include "state/numbering.h"
+#include "state/run_state.h"
+
+using namespace velmoran;
+using Longs = std::vector<Long>;
+
+struct Flight {
+  Long squad = 11;
+  Long type = TypeCAP;
+  Longs planes = {0, 0};
+  std::vector<Byte> actions = {};  // one a waypoint
+  Longs pilots = {};
+  Long escorted = 0;
+};
+
+inline Longs Used(const Table<Long, Slots>& slots) {  // up to the last slot that isn't empty
+  Longs used(slots.begin(), slots.end());
+  while (!used.empty() && used.back() == EmptySlot) used.pop_back();
+  return used;
+}
+
+class RunTest : public testing::Test {
+ protected:
+  static constexpr Long German = 11, British = 12, Player = 10, Foreign = 14, Stranger = 50;  // squadrons
+
+  RunTest() {
+    fakes::Reset();
+    fakes::Script({});
+    SetInitialValues(run);
+    run.TypeOddsGate = 1;
+    const auto enlist = [this](Long row, Integer id, Integer nation, const char* name) {
+      run.Squadrons[row] = {.squadID = id, .nation = nation, .SquadName = name};
+    };
+    enlist(0, 9, 9, "Overruled");  // stands a second time, further down
+    enlist(1, 10, 1, "Player's Own");
+    enlist(2, 11, 0, "Eleventh");
+    enlist(3, 12, 1, "Twelfth");
+    enlist(4, 14, 4, "Fourteenth");
+    for (Integer row = 5; row < 190; ++row) enlist(row, static_cast<Integer>(1000 + row), 2, "");
+    enlist(189, 9, 2, "Last of Two");
+    for (Integer c = 0; c <= 10; ++c) run.Aircraft[c].AircraftClass = c;  // row and class are the same number
+    for (Long row = 0; row < TypesFilled; ++row) run.MissionDefs[row] = {0, 0, 2, 4};
+    for (Long nation = 0; nation < Nations; ++nation) run.Periods[0].SizeFactor[nation] = 1;
+  }
+  ~RunTest() override { EXPECT_EQ(fakes::DrawsLeft(), 0U) << "draws that were not made"; }
+
+  MissionRec& Add(const Flight& built) {
+    MissionRec& flight = run.Missions[run.LoadedCount];
+    flight.FlightID = run.LoadedCount++;
+    run.MissionCount = run.LoadedCount;
+    flight.SquadID = built.squad;
+    flight.MissionType = built.type;
+    flight.EscortedFlight = built.escorted;
+    flight.NumAircraft = static_cast<Long>(built.planes.size());
+    flight.Planes.fill(EmptySlot);
+    flight.Pilots.fill(EmptySlot);
+    flight.SlotExtra.fill(77);
+    std::copy(built.planes.begin(), built.planes.end(), flight.Planes.begin());
+    std::copy(built.pilots.begin(), built.pilots.end(), flight.Pilots.begin());
+    for (const Byte action : built.actions) flight.Waypoints[flight.WPCount++].Action = action;
+    return flight;
+  }
+  std::vector<int> Actions(Long row) const {
+    std::vector<int> actions;
+    const MissionRec& flight = run.Missions[row];
+    for (Long k = 0; k < flight.WPCount; ++k) actions.push_back(flight.Waypoints[k].Action);
+    return actions;
+  }
+
+  std::unique_ptr<RunState> state = std::make_unique<RunState>();
+  RunState& run = *state;
+};
