@@ -1,11 +1,14 @@
 #include "massage/sequence.h"
 
+#include "massage/flight_size.h"
 #include "massage/mission_pass.h"
 
 namespace velmoran {
 
 void RunMassage(RunState& run) {
   for (Integer row = 0; row < run.LoadedCount; ++row) MassageMission(run, row);
+  // Sizes go by the final mission types of all flights.
+  for (Integer row = 0; row < run.LoadedCount; ++row) AdjustFlightSize(run, row);
 }
 
 }  // namespace velmoran

@@ -11,6 +11,7 @@
 #include "files/path.h"
 #include "files/roster.h"
 #include "files/setup.h"
+#include "massage/plan_check.h"
 #include "massage/sequence.h"
 #include "platform/platform.h"
 #include "report/report.h"
@@ -89,6 +90,12 @@ void OpenB_Click(RunState& run) {
 }
 
 void MassageB_Click(RunState& run) {
+  try {
+    CheckPlan(run);
+  } catch (const Failure& failure) {
+    ShowRefusal(failure);
+    return;
+  }
   RunMassage(run);
   EnableButton(Button::OpenB, false);
   EnableButton(Button::MassageB, false);

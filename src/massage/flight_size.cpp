@@ -1,0 +1,100 @@
+#include "massage/flight_size.h"
+
+#include <algorithm>
+#include <string>
+
+#include "files/failure.h"
+#include "files/roster.h"
+#include "platform/platform.h"
+#include "state/numbering.h"
+#include "state/rnd.h"
+
+namespace velmoran {
+
+namespace {
+
+constexpr Long LeastScaledSize = 2;
+constexpr Long NationZeroCap = 9;
+
+void Note(Table<Integer, MissionRows>& list, Integer& count, Long flightID, std::string_view name) {
+  if (count == MissionRows) {
+    ShowMessage(FailureText({FailureNumber::OutsideTable,
+                             std::string(name) + " has no room for flight " + std::to_string(flightID) + ": it holds " +
+                                 std::to_string(MissionRows) + " already; the mission file was not changed"}));
+    EndProgram(true);
+  }
+  list[count++] = Narrow(flightID);
+}
+
+}  // namespace
+
+bool InPlayerSquadron(const RunState& run, const MissionRec& flight) {
+  return flight.SquadID == run.Missions[run.PlayerFlight].SquadID;
+}
+
+Long DrawFlightSize(RunState& run, const MissionRec& flight) {
+  const MissionDefRec& def = run.MissionDefs[flight.MissionType];
+  return RoundEven((def.MaxPlanes - def.MinPlanes) * Rnd(run) + def.MinPlanes);
+}
+
+Long ScaleFlightSize(const RunState& run, Long size, Integer nation) {
+  return std::max(RoundEven(size * run.Periods[run.WarPeriod].SizeFactor[nation]), LeastScaledSize);
+}
+
+Long CapFlightSize(Long size, Integer nation) {
+  return nation == 0 ? std::min(size, NationZeroCap) : size;
+}
+
+void AdjustFlightSize(RunState& run, Integer index) {
+  MissionRec& flight = run.Missions[index];
+  if (InPlayerSquadron(run, flight)) {
+    if (flight.FlightID == run.PlayerFlight) {
+      run.SquadFlights[0] = index;
+    } else {
+      run.SquadFlights[run.SquadFlightCount++] = index;
+    }
+    return;
+  }
+
+  const Integer type = AircraftOf(flight);
+  const Integer aircraftClass = run.Aircraft[type].AircraftClass;
+  const bool scaled = aircraftClass >= 0 && aircraftClass < ClassFirstTwoSeater;
+  Integer nation = 0;
+  GetNation(run, Narrow(flight.SquadID), nation);
+  Long size = DrawFlightSize(run, flight);
+  if (scaled) size = ScaleFlightSize(run, size, nation);
+  size = CapFlightSize(size, nation);
+
+  for (Long slot = 0; slot < Slots; ++slot) {
+    if (slot >= size) {
+      flight.Planes[slot] = EmptySlot;
+    } else if (flight.Planes[slot] == EmptySlot) {
+      flight.Planes[slot] = type;
+    }
+  }
+  if (size < 1 || size > Slots) {
+    ShowMessage("Invalid number of planes for flight" + std::to_string(index));
+    EndProgram(true);
+  }
+  flight.NumAircraft = size;
+
+  const double draw = Rnd(run);  // made for every class
+  if (scaled && draw < run.Periods[run.WarPeriod].RemoveOdds) RemoveFlight(run, index);
+}
+
+void RemoveFlight(RunState& run, Integer index) {
+  const MissionRec& flight = run.Missions[index];
+  run.Removed[index] = TakenOut;
+  if (flight.FlightID == run.PlayerFlight) ShowMessage(PlayerFlightLost);
+  if (flight.MissionType == TypeEscort) {
+    Note(run.LostEscortFlights, run.LostEscortCount, flight.EscortedFlight, "LostEscortFlights");
+    return;
+  }
+  for (Long k = 0; k < flight.WPCount; ++k) {
+    if (flight.Waypoints[k].Action == ActionRendezvous) {
+      Note(run.LostRendezvousFlights, run.LostRendezvousCount, flight.FlightID, "LostRendezvousFlights");
+    }
+  }
+}
+
+}  // namespace velmoran

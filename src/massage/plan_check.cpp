@@ -1,0 +1,65 @@
+#include "massage/plan_check.h"
+
+#include <algorithm>
+#include <string>
+
+#include "files/failure.h"
+#include "files/path.h"
+#include "files/roster.h"
+#include "massage/flight_size.h"
+#include "state/numbering.h"
+
+namespace velmoran {
+
+namespace {
+
+// A value that leads out of a table. part is where it stands in the mission file, row the number of a record.
+void CheckRange(const RunState& run, std::string_view part, Long row, std::string_view field, Long value, Long least,
+                Long most) {
+  if (value >= least && value <= most) return;
+  throw Failure{FailureNumber::OutsideTable, std::string(FileName(run.MisPath)) + ", " + std::string(part) +
+                                                 (row < 0 ? "" : " " + std::to_string(row)) + ": " +
+                                                 std::string(field) + " " + std::to_string(value) + " is outside " +
+                                                 std::to_string(least) + " to " + std::to_string(most)};
+}
+
+void CheckRow(const RunState& run, Integer row) {
+  const MissionRec& flight = run.Missions[row];
+  CheckRange(run, "record", row, "MissionType", flight.MissionType, 0, TypeRows - 1);
+  CheckRange(run, "record", row, "SquadID", flight.SquadID, 0, SquadronRows - 1);
+  CheckRange(run, "record", row, "Planes slot 0", flight.Planes[0], EmptySlot, AircraftRows - 1);
+  Integer nation = 0;
+  GetNation(run, Narrow(flight.SquadID), nation);
+  CheckRange(run, "record", row, "the nation of its squadron in squadron.dat,", nation, 0, Nations - 1);
+}
+
+Long PilotsOf(const MissionRec& flight) {
+  return static_cast<Long>(std::ranges::count_if(flight.Pilots, [](Long pilot) { return pilot > EmptySlot; }));
+}
+
+void CheckPlayerSquadron(const RunState& run) {
+  Long others = 0, ownPilots = 0, otherPilots = 0;
+  for (Integer row = 0; row < run.LoadedCount; ++row) {
+    const MissionRec& flight = run.Missions[row];
+    if (!InPlayerSquadron(run, flight)) continue;
+    if (flight.FlightID == run.PlayerFlight) {
+      ownPilots = PilotsOf(flight);  // of several such rows the last one counts
+    } else {
+      ++others;
+      otherPilots += PilotsOf(flight);
+    }
+  }
+  CheckRange(run, "player's squadron", -1, "number of flights beside the player's", others, 0, PlayerFlights - 1);
+  CheckRange(run, "player's squadron", -1, "number of pilots", ownPilots + otherPilots, 0, PlayerPilots);
+}
+
+}  // namespace
+
+void CheckPlan(const RunState& run) {
+  if (run.LoadedCount == 0) return;
+  CheckRange(run, "header", -1, "PlayerFlight", run.PlayerFlight, 0, MissionRows - 1);
+  for (Integer row = 0; row < run.LoadedCount; ++row) CheckRow(run, row);
+  CheckPlayerSquadron(run);
+}
+
+}  // namespace velmoran
