@@ -1,5 +1,6 @@
 #include "massage/sequence.h"
 
+#include "massage/escorts.h"
 #include "massage/flight_size.h"
 #include "massage/mission_pass.h"
 
@@ -9,6 +10,9 @@ void RunMassage(RunState& run) {
   for (Integer row = 0; row < run.LoadedCount; ++row) MassageMission(run, row);
   // Sizes go by the final mission types of all flights.
   for (Integer row = 0; row < run.LoadedCount; ++row) AdjustFlightSize(run, row);
+  ResolveEscorts(run);  // by the old FlightIDs
+  RenumberFlights(run);
+  VerifyEscorts(run);  // by the new ones
 }
 
 }  // namespace velmoran
