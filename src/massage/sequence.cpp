@@ -2,6 +2,7 @@
 
 #include "massage/escorts.h"
 #include "massage/flight_size.h"
+#include "massage/formation.h"
 #include "massage/mission_pass.h"
 #include "massage/squadron_strength.h"
 
@@ -16,6 +17,7 @@ void RunMassage(RunState& run) {
   ResolveEscorts(run);  // by the old FlightIDs
   RenumberFlights(run);
   VerifyEscorts(run);  // by the new ones
+  AdjustFormations(run);
 }
 
 }  // namespace velmoran
