@@ -2,6 +2,7 @@
 #include "massage/escorts.h"
 
 #include "massage/flight_size.h"
+#include "massage/sequence.h"
 #include "run_test.h"
 
 namespace {
@@ -116,6 +117,25 @@ TEST_F(EscortsTest, VerifyNamesEachLinkThatLeadsNowhere) {
   VerifyEscorts(run);
   EXPECT_EQ(fakes::form.messages,
             (Messages{"Error: Escort flight not found : 5", "Error: Escort flight not found : -6"}));
+}
+
+// The order of the passes shows in the order of the losses: an escort of nobody works on the flight found before.
+TEST_F(EscortsTest, WholeSequence) {
+  run.PlayerFlight = 0;
+  run.Periods[0].RemoveOdds = 0.5;
+  run.MissionDefs[TypeBomb] = {0, 0, 12, 12};
+  Add({.squad = Player, .actions = {10}, .pilots = {1, 2}});
+  Add({.squad = Player, .type = TypeEscort, .pilots = {3, 4}, .escorted = 99});
+  Add({.squad = British, .type = TypeBomb, .planes = {9}});
+  Add({.squad = British, .type = TypeEscort, .planes = {9}, .escorted = 4});  // finds no room beside 12 bombers
+  Add({.squad = German, .actions = {10}});
+  fakes::Script({0, 0, 0, 0, 0, 0.9F, /* the player's squadron */ 0, 0, 0.9F});
+  RunMassage(run);
+  EXPECT_EQ(Actions(4), std::vector<int>{14});
+  EXPECT_EQ(Actions(0), std::vector<int>{10});
+  EXPECT_EQ(Ids(), (Longs{0, 1, 1, 3, 2}));
+  EXPECT_EQ(run.Missions[0].Waypoints[0].Formation, FormationEchelonLeft);
+  EXPECT_EQ(fakes::form.messages, Messages{Mismatch});
 }
 
 }  // namespace
