@@ -243,17 +243,17 @@ TEST_F(ConsoleTest, TranscriptOfEveryKindOfLine) {
   ::Write("typed",
           Bytes("\n \t \nMassage\nopen\n\n\topen \n../campaign/nothing.mis\nOPEN\r\n../campaign/campgn01.mis\r\n"
                 "help me\nreport\n\nmassage\nwrite\nexit\nopen\n"));
-  ASSERT_EQ(std::system(VELMORAN_CONSOLE " <typed >said"), 0);
+  ASSERT_EQ(std::system("\"" VELMORAN_CONSOLE "\" <typed >said"), 0);
   EXPECT_EQ(Read("said"), Read(VELMORAN_TEST_DATA "/console.txt"));
   EXPECT_NE(Read("MissionReport.txt"), "");
 
   ::Write("typed", "open\n../campaign/campgn02.mis\nreport");  // the input ends in a dialog: the form closes
   std::filesystem::remove("MissionReport.txt");
-  EXPECT_EQ(std::system(VELMORAN_CONSOLE " <typed >said"), 0);
+  EXPECT_EQ(std::system("\"" VELMORAN_CONSOLE "\" <typed >said"), 0);
   EXPECT_FALSE(std::filesystem::exists("MissionReport.txt"));
 
   std::filesystem::remove(ini);
-  EXPECT_NE(std::system(VELMORAN_CONSOLE " <typed >said"), 0);
+  EXPECT_NE(std::system("\"" VELMORAN_CONSOLE "\" <typed >said"), 0);
   EXPECT_EQ(Read("said"), "message: Error # 53 Velmoran.ini can't be opened: No such file or directory\n");
 }
 
