@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "fakes.h"
+#include "files/mission_file.h"
 #include "state/run_state.h"
 #include "window/events.h"
 
@@ -32,10 +33,14 @@ inline Bytes Poked(Bytes bytes, std::size_t offset, std::int64_t value, std::siz
   return bytes;
 }
 
+// The text with the first occurrence of a part replaced.
+inline Bytes Replaced(const Bytes& text, const Bytes& part, const Bytes& other) {
+  return Bytes(text).replace(text.find(part), part.size(), other);
+}
+
 class CampaignFolder : public testing::Test {
  protected:
-  CampaignFolder()
-      : root(std::filesystem::temp_directory_path() / ("velm\xC3\xB8ran-" + std::to_string(std::random_device{}()))) {
+  CampaignFolder() {
     std::filesystem::copy(VELMORAN_SAMPLE, root, std::filesystem::copy_options::recursive);
     std::filesystem::current_path(root / "velmoran");
     fakes::Reset();
@@ -45,12 +50,13 @@ class CampaignFolder : public testing::Test {
     std::filesystem::remove_all(root);
   }
 
-  // Starts a new run, does the event, and gives the messages that it shows; "failed" or "ended" for the program's end.
-  template <class Event>
-  Messages Show(Event event) {
+  // Does the event, with what the user types into its dialog, and gives the messages that it shows; "failed" for the
+  // end of the program by a failure.
+  Messages Press(void (*event)(velmoran::RunState&), const std::string& typed = "") {
     fakes::form.messages.clear();
+    fakes::form.answer = typed;
     try {
-      event();
+      event(*state);
     } catch (const fakes::ProgramEnded& end) {
       fakes::form.messages.push_back(end.failed ? "failed" : "ended");
     }
@@ -58,24 +64,16 @@ class CampaignFolder : public testing::Test {
   }
   Messages Load() {
     state = std::make_unique<velmoran::RunState>();
-    return Show([this] { velmoran::Form_Load(*state); });
+    return Press(velmoran::Form_Load);
   }
-  Messages Open(const std::string& answer = "../campaign/campgn01.mis") {
-    fakes::form.answer = answer;
-    return Show([this] { velmoran::OpenB_Click(*state); });
-  }
-  Messages Massage() {
-    return Show([this] { velmoran::MassageB_Click(*state); });
-  }
-  Messages Report(const std::string& answer) {
-    fakes::form.answer = answer;
-    return Show([this] { velmoran::ReportB_Click(*state); });
-  }
-  Messages WriteBack() {
-    return Show([this] { velmoran::WriteB_Click(*state); });
+  Messages Open(const std::string& typed = "../campaign/campgn01.mis") { return Press(velmoran::OpenB_Click, typed); }
+  Bytes Composed() const {
+    const std::vector<velmoran::Byte> image = velmoran::ComposeMissionImage(*state);
+    return Bytes(image.begin(), image.end());
   }
 
-  const std::filesystem::path root;
+  const std::filesystem::path root =
+      std::filesystem::temp_directory_path() / ("velm\xC3\xB8ran-" + std::to_string(std::random_device{}()));
   const std::filesystem::path ini = root / "velmoran/Velmoran.ini", txt = root / "data/simpatch/Velmoran.txt",
                               roster = root / "data/simpatch/squadron.dat", mis = root / "campaign/campgn01.mis",
                               dat = root / "campaign/campgn01.dat";

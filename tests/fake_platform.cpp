@@ -15,9 +15,7 @@ std::string Buttons() {
   return on;
 }
 
-void Reset() {
-  form = {};
-}
+void Reset() { form = {}; }
 
 namespace {
 
@@ -44,20 +42,10 @@ std::string ShowOpenDialog(std::string_view directory, std::string_view fileName
 std::string ShowSaveDialog(std::string_view directory, std::string_view fileName) {
   return fakes::Answer("save", directory, fileName);
 }
-void EnableButton(Button button, bool enabled) {
-  form.enabled[static_cast<std::size_t>(button)] = enabled;
-}
-void SetHintText(std::string_view text) {
-  form.hint = text;
-}
-void SetTargetCaption(std::string_view text) {
-  form.target = text;
-}
-void ShowMessage(std::string_view text) {
-  form.messages.emplace_back(text);
-}
-void EndProgram(bool failed) {
-  throw fakes::ProgramEnded{failed};
-}
+void EnableButton(Button button, bool enabled) { form.enabled[static_cast<std::size_t>(button)] = enabled; }
+void SetHintText(std::string_view text) { form.hint = text; }
+void SetTargetCaption(std::string_view text) { form.target = text; }
+void ShowMessage(std::string_view text) { form.messages.emplace_back(text); }
+void EndProgram(bool failed) { throw fakes::ProgramEnded{failed}; }
 
 }  // namespace velmoran

@@ -4,58 +4,44 @@
 
 namespace {
 
-int Best(int action, Long size, Long flightType = 0, Long target = 0) {
-  Byte formation = 99;
-  getBestFormationForAction(static_cast<Byte>(action), size, flightType, target, formation);
-  return formation;
-}
-
-TEST(FormationTest, EnrouteByFlightSize) {
-  const int telling[] = {5, 0, 0, 2, 3, 4, 5, 6, 5, 6, 5, 6, 5, 6};
-  const int others[] = {8, 0, 1, 2, 1, 4, 8, 8, 7, 8, 8, 7, 8, 8};
+// The formations for flights of 0 to 13 planes.
+std::string Best(int action, Long flightType, Long target = 0) {
+  Longs formations;
   for (Long size = 0; size <= 13; ++size) {
-    for (const int action : {0, 1, 4, 5, 6, 9, 10, 14}) {
-      EXPECT_EQ(Best(action, size, 2), telling[size]) << size << " in action " << action;
-      EXPECT_EQ(Best(action, size, 1), others[size]) << size << " in action " << action;
-    }
+    Byte formation = 99;
+    getBestFormationForAction(static_cast<Byte>(action), size, flightType, target, formation);
+    formations.push_back(formation);
   }
-  EXPECT_EQ(Best(0, 2147483647, 0), 8);
-  EXPECT_EQ(Best(0, -1, 0), 7);
-  EXPECT_EQ(Best(0, -3, 2), 6);
+  return Join(formations);
 }
 
-TEST(FormationTest, OverTheTargetAndElsewhere) {
-  EXPECT_EQ(Best(3, 4, 2, 4), 11);
-  EXPECT_EQ(Best(3, 5, 2, 4), 16);
-  for (const Long far : {4, 6, 100}) EXPECT_EQ(Best(3, 5, 0, far), 4) << far;
-  for (const Long near : {-1, 3, 5}) {
-    EXPECT_EQ(Best(3, 11, 0, near), 16) << near;
-    EXPECT_EQ(Best(3, 12, 0, near), 1) << near;
+TEST(FormationTest, ByActionAndFlightSize) {
+  const std::string apart = "5,0,0,2,3,4,5,6,5,6,5,6,5,6", others = "8,0,1,2,1,4,8,8,7,8,8,7,8,8";
+  for (const int enroute : {0, 1, 4, 5, 6, 9, 10, 14}) {
+    EXPECT_EQ(Best(enroute, 2), apart) << enroute;
+    EXPECT_EQ(Best(enroute, 1), others) << enroute;
   }
-  EXPECT_EQ(Best(2, 4), 14);
-  EXPECT_EQ(Best(2, 3), 15);
-  EXPECT_EQ(Best(11, 6), 9);
-  EXPECT_EQ(Best(12, 6), 9);
-  for (const int action : {7, 8, 13, 15, 255}) EXPECT_EQ(Best(action, 6), 1) << action;
-  for (const int action : {2, 3, 11, 255}) EXPECT_EQ(Best(action, 1, 2), 0) << action;
+  EXPECT_EQ(Best(2, 2), "15,0,15,15,14,14,14,14,14,14,14,14,14,14");
+  EXPECT_EQ(Best(3, 2, 4), "11,0,11,11,11,16,16,16,16,16,16,16,16,16");
+  for (const Long far : {4, 6, 100}) EXPECT_EQ(Best(3, 0, far), others) << far;
+  for (const Long near : {-1, 3, 5}) EXPECT_EQ(Best(3, 0, near), "16,0,16,16,16,16,16,16,16,16,16,16,1,1") << near;
+  for (const int field : {11, 12}) EXPECT_EQ(Best(field, 0), "9,0,9,9,9,9,9,9,9,9,9,9,9,9");
+  for (const int other : {7, 8, 13, 15, 255}) EXPECT_EQ(Best(other, 0), "1,0,1,1,1,1,1,1,1,1,1,1,1,1") << other;
+  Byte formation = 99;
+  getBestFormationEnroute(2147483647, 0, formation);
+  EXPECT_EQ(formation, FormationJavelin2);
+  getBestFormationEnroute(-3, 2, formation);
+  EXPECT_EQ(formation, FormationVic);
 }
 
 using AdjustFormationsTest = RunTest;
 
 TEST_F(AdjustFormationsTest, EveryWaypointOfFlightsInPlay) {
-  for (int row = 0; row < 2; ++row) {
-    MissionRec& flight = Add({.planes = {0, 0, 0, 0}, .actions = {11, 2, 3}});
-    flight.Target = 5;
-    for (Long k = 0; k < 3; ++k) flight.Waypoints[k].Formation = 13;
-  }
+  for (int row = 0; row < 2; ++row) Add({.planes = {0, 0, 0, 0}, .actions = {11, 2, 3}}).Target = 5;
   run.Removed[0] = TakenOut;
   AdjustFormations(run);
-  const auto formations = [this](Long row) {
-    const auto& waypoints = run.Missions[row].Waypoints;
-    return std::vector<int>{waypoints[0].Formation, waypoints[1].Formation, waypoints[2].Formation};
-  };
-  EXPECT_EQ(formations(0), (std::vector<int>{13, 13, 13}));
-  EXPECT_EQ(formations(1), (std::vector<int>{9, 14, 16}));
+  const auto formation = [](const WaypointRec& waypoint) { return Long{waypoint.Formation}; };
+  EXPECT_EQ(Each(0, formation) + " " + Each(1, formation), "0,0,0 9,14,16");
 }
 
 }  // namespace

@@ -7,7 +7,6 @@ namespace {
 class GroupingTest : public RunTest {
  protected:
   GroupingTest() {
-    run.PlayerFlight = 100;
     run.GroupCount = 3;
     run.SquadGroups[0] = {.Count = 2, .Kind = 2, .Squads = {German, British}};
     run.SquadGroups[1] = {.Count = 3, .Kind = 2, .Squads = {German, British, British}};
@@ -15,26 +14,18 @@ class GroupingTest : public RunTest {
     run.Periods[0].GroupOdds[2] = 0.5;
     run.WarPeriod = 3;
   }
-  std::vector<std::pair<int, int>> Combined(std::initializer_list<float> draws) {
+  // The pairs that CombineFormations makes.
+  std::string Combined(std::initializer_list<float> draws) {
     fakes::Script(draws);
     CombineFormations(run);
-    std::vector<std::pair<int, int>> pairs;
+    std::string pairs;
     for (Long pair = 0; pair < run.GroupPairCount; ++pair) {
-      pairs.emplace_back(run.GroupPairs[pair].sourceIndex, run.GroupPairs[pair].targetIndex);
+      pairs += Join(Longs{run.GroupPairs[pair].sourceIndex, run.GroupPairs[pair].targetIndex}) + " ";
     }
     return pairs;
   }
   const std::vector<Byte> four{11, 4, 4, 12};
 };
-using Pairs = std::vector<std::pair<int, int>>;
-
-TEST_F(GroupingTest, GroupOfASquadronIsTheLastThatHoldsIt) {
-  EXPECT_EQ(isGroupedSquadron(run, German), 1);
-  EXPECT_EQ(isGroupedSquadron(run, Foreign), 2);
-  EXPECT_EQ(isGroupedSquadron(run, 0), -1);
-  run.GroupCount = 0;
-  EXPECT_EQ(isGroupedSquadron(run, German), -1);
-}
 
 TEST_F(GroupingTest, EachSourceDrawsAndTakesTheFirstFreeFlight) {
   Add({.squad = German, .type = TypeEscort, .actions = four});  // 0: draws, can't be a source
@@ -49,43 +40,28 @@ TEST_F(GroupingTest, EachSourceDrawsAndTakesTheFirstFreeFlight) {
   Add({.squad = German, .actions = four});                      // 9
   run.Removed[2] = TakenOut;
   run.PlayerFlight = 4;
-  EXPECT_EQ(Combined({1, 1, 0.49F, 0.5F, 1, 1, 1, 1}), (Pairs{{5, 6}, {7, 9}}));
+  EXPECT_EQ(isGroupedSquadron(run, German), 1);  // the last that holds it
+  EXPECT_EQ(Combined({1, 1, 0.49F, 0.5F, 1, 1, 1, 1}), "5,6 7,9 ");
 }
 
 TEST_F(GroupingTest, TargetTakesTheMissionAndPartsOfTheRoute) {
-  MissionRec& source = Add({.squad = German, .type = TypeBomb, .actions = {11, 4, 5, 6, 7, 12}});
+  MissionRec& source = Add({.squad = German, .type = TypeBomb, .actions = {0, 1, 2, 3, 4, 5}});  // the player's
   MissionRec& target = Add({.squad = British, .type = TypeCAP, .actions = four});
   source.FlightType = source.HeadLong16 = source.HeadLong24 = source.Target = 8;
-  for (Long k = 0; k < 6; ++k) {
-    source.Waypoints[k] = {.WPLong0 = 1,
-                           .Carried4 = {1},
-                           .Lon = 1,
-                           .Lat = 1,
-                           .WPLong20 = 1,
-                           .WPBytes = {1, 1, 1, 1, 1},
-                           .AltBytes = 1,
-                           .WPByte33 = 1,
-                           .WPByte34 = 1,
-                           .WPByte35 = 1,
-                           .WPLong36 = 1,
-                           .Formation = 1,
-                           .Action = static_cast<Byte>(k),
-                           .ActionParam = 1};
+  for (WaypointRec& point : source.Waypoints) {
+    point = {1, {1}, 1, 1, 1, {1, 1, 1, 1, 1}, 1, 1, 1, 1, 1, 1, point.Action, 1};
   }
-  run.PlayerFlight = 0;  // may be a source
-  EXPECT_EQ(Combined({1, 1}), (Pairs{{0, 1}}));
+  EXPECT_EQ(Combined({1, 1}), "0,1 ");
   EXPECT_EQ(target.MissionType + target.FlightType + target.HeadLong16 + target.HeadLong24 + target.Target, 32);
   EXPECT_EQ(target.SquadID, British);
-  EXPECT_EQ(Actions(1), (std::vector<int>{0, 1, 2, 3, 4, 5}));
+  EXPECT_EQ(Actions(1), "0,1,2,3,4,5");
   for (Long k = 1; k <= 6; ++k) {
-    const WaypointRec& waypoint = target.Waypoints[k - 1];
-    SCOPED_TRACE(k);
-    EXPECT_EQ(waypoint.WPLong0 + waypoint.WPByte33 + waypoint.WPByte35 + waypoint.WPLong36 + waypoint.ActionParam, 5);
-    EXPECT_EQ(waypoint.WPBytes, (Table<Byte, 5>{1, 1, 1, 1, 0}));
-    EXPECT_EQ(waypoint.Carried4[0], 0);
+    const WaypointRec& point = target.Waypoints[k - 1];
     const int ofSource = k == 1 || k == 2 || k == 5 ? 0 : 1;
-    EXPECT_EQ(waypoint.AltBytes + waypoint.Lon + waypoint.Lat + waypoint.WPLong20, 4 * ofSource);
-    EXPECT_EQ(waypoint.Formation + waypoint.WPByte34, 2 - 2 * ofSource);
+    EXPECT_EQ(point.WPLong0 + point.WPByte33 + point.WPByte35 + point.WPLong36 + point.ActionParam, 5) << k;
+    EXPECT_EQ(Join(point.WPBytes) + " " + Join(point.Carried4), "1,1,1,1,0 0,0,0,0,0,0,0,0") << k;
+    EXPECT_EQ(point.AltBytes + point.Lon + point.Lat + point.WPLong20, 4 * ofSource) << k;
+    EXPECT_EQ(point.Formation + point.WPByte34, 2 - 2 * ofSource) << k;
   }
 }
 

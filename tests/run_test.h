@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <string>
 #include <vector>
 
 #include "fakes.h"
@@ -22,6 +23,14 @@ struct Flight {
   Longs pilots = {};
   Long escorted = 0;
 };
+
+// "3,5,-1"
+template <class Numbers>
+std::string Join(const Numbers& numbers) {
+  std::string joined;
+  for (const auto number : numbers) joined += (joined.empty() ? "" : ",") + std::to_string(number);
+  return joined;
+}
 
 inline Longs Used(const Table<Long, Slots>& slots) {  // up to the last slot that isn't empty
   Longs used(slots.begin(), slots.end());
@@ -41,13 +50,11 @@ class RunTest : public testing::Test {
     const auto enlist = [this](Long row, Integer id, Integer nation, const char* name) {
       run.Squadrons[row] = {.squadID = id, .nation = nation, .SquadName = name};
     };
-    enlist(0, 9, 9, "Overruled");  // stands a second time, further down
+    for (Integer row = 0; row < SquadronsFilled; ++row) enlist(row, static_cast<Integer>(1000 + row), 2, "");
     enlist(1, 10, 1, "Player's Own");
     enlist(2, 11, 0, "Eleventh");
     enlist(3, 12, 1, "Twelfth");
     enlist(4, 14, 4, "Fourteenth");
-    for (Integer row = 5; row < 190; ++row) enlist(row, static_cast<Integer>(1000 + row), 2, "");
-    enlist(189, 9, 2, "Last of Two");
     for (Integer c = 0; c <= 10; ++c) run.Aircraft[c].AircraftClass = c;  // row and class are the same number
     for (Long row = 0; row < TypesFilled; ++row) run.MissionDefs[row] = {0, 0, 2, 4};
     for (Long nation = 0; nation < Nations; ++nation) run.Periods[0].SizeFactor[nation] = 1;
@@ -70,11 +77,15 @@ class RunTest : public testing::Test {
     for (const Byte action : built.actions) flight.Waypoints[flight.WPCount++].Action = action;
     return flight;
   }
-  std::vector<int> Actions(Long row) const {
-    std::vector<int> actions;
-    const MissionRec& flight = run.Missions[row];
-    for (Long k = 0; k < flight.WPCount; ++k) actions.push_back(flight.Waypoints[k].Action);
-    return actions;
+  // One value of each waypoint in use, joined.
+  template <class Value>
+  std::string Each(Long row, Value value) const {
+    Longs values;
+    for (Long k = 0; k < run.Missions[row].WPCount; ++k) values.push_back(value(run.Missions[row].Waypoints[k]));
+    return Join(values);
+  }
+  std::string Actions(Long row) const {
+    return Each(row, [](const WaypointRec& waypoint) { return Long{waypoint.Action}; });
   }
 
   std::unique_ptr<RunState> state = std::make_unique<RunState>();

@@ -11,13 +11,9 @@ std::deque<float> script;
 
 }  // namespace
 
-void fakes::Script(std::initializer_list<float> draws) {
-  script = draws;
-}
+void fakes::Script(std::initializer_list<float> draws) { script = draws; }
 
-std::size_t fakes::DrawsLeft() {
-  return script.size();
-}
+std::size_t fakes::DrawsLeft() { return script.size(); }
 
 void velmoran::SeedRnd(RunState& /*run*/) {}
 
