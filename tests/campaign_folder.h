@@ -43,7 +43,7 @@ class CampaignFolder : public testing::Test {
   CampaignFolder() {
     std::filesystem::copy(VELMORAN_SAMPLE, root, std::filesystem::copy_options::recursive);
     std::filesystem::current_path(root / "velmoran");
-    fakes::Reset();
+    fakes::form = {};
   }
   ~CampaignFolder() override {
     std::filesystem::current_path(std::filesystem::temp_directory_path());

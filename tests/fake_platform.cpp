@@ -7,16 +7,6 @@ namespace fakes {
 
 Form form;
 
-std::string Buttons() {
-  std::string on;
-  for (std::size_t i = 0; i < form.enabled.size(); ++i) {
-    if (form.enabled[i]) on += "OMRWE"[i];
-  }
-  return on;
-}
-
-void Reset() { form = {}; }
-
 namespace {
 
 std::string Answer(const std::string& dialog, std::string_view directory, std::string_view name) {
@@ -42,7 +32,10 @@ std::string ShowOpenDialog(std::string_view directory, std::string_view fileName
 std::string ShowSaveDialog(std::string_view directory, std::string_view fileName) {
   return fakes::Answer("save", directory, fileName);
 }
-void EnableButton(Button button, bool enabled) { form.enabled[static_cast<std::size_t>(button)] = enabled; }
+void EnableButton(Button button, bool enabled) {
+  const auto place = static_cast<std::size_t>(button);
+  form.buttons[place] = enabled ? "OMRWE"[place] : '-';
+}
 void SetHintText(std::string_view text) { form.hint = text; }
 void SetTargetCaption(std::string_view text) { form.target = text; }
 void ShowMessage(std::string_view text) { form.messages.emplace_back(text); }

@@ -1,8 +1,8 @@
 // A form and a source of draws that tests script and read back, in place of a front end and of Rnd.
 #pragma once
 
-#include <array>
 #include <initializer_list>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -12,8 +12,8 @@ namespace fakes {
 
 // What the logic has done to the form since Reset.
 struct Form {
-  std::string directory;                                      // what CurrentDirectory gives; the real one when empty
-  std::array<bool, 5> enabled{true, true, true, true, true};  // by velmoran::Button
+  std::string directory;          // what CurrentDirectory gives; the real one when empty
+  std::string buttons = "OMRWE";  // by velmoran::Button; "-" stands for one that is disabled
   std::string hint;
   std::string target = "Target: ";
   std::vector<std::string> messages;
@@ -21,9 +21,6 @@ struct Form {
   std::string answer;              // what the user types into the next dialog; "" is Cancel
 };
 extern Form form;
-
-// Which of the five buttons are enabled: O, M, R, W, E.
-std::string Buttons();
 
 struct ProgramEnded {
   bool failed;
@@ -33,6 +30,12 @@ struct ProgramEnded {
 void Script(std::initializer_list<float> draws);
 std::size_t DrawsLeft();
 
-void Reset();
+// "3,-1,0.5"
+template <class Numbers>
+std::string Join(const Numbers& numbers) {
+  std::ostringstream joined;
+  for (const auto number : numbers) joined << (joined.tellp() > 0 ? "," : "") << +number;
+  return joined.str();
+}
 
 }  // namespace fakes

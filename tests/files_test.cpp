@@ -7,34 +7,27 @@ using namespace velmoran;
 
 namespace {
 
-// "1,-1,0.5"
-template <class Numbers>
-std::string Shown(const Numbers& numbers) {
-  std::ostringstream shown;
-  for (const auto number : numbers) shown << (shown.tellp() > 0 ? "," : "") << +number;
-  return shown.str();
-}
-
+using fakes::Join;
 using FilesTest = CampaignFolder;
 
 TEST_F(FilesTest, SetupItemsGoToTheirPlaces) {
   ASSERT_EQ(Load(), Messages{});
-  EXPECT_EQ(Shown(state->Periods[0].SizeFactor), "0.7,0.6,0.65,0.6,0");
+  EXPECT_EQ(Join(state->Periods[0].SizeFactor), "0.7,0.6,0.65,0.6,0");
   const PeriodRec& period = state->Periods[6];
-  EXPECT_EQ(Shown(period.SizeFactor) + " " + Shown(std::vector{period.RemoveOdds}) + " " + Shown(period.GroupOdds),
+  EXPECT_EQ(Join(period.SizeFactor) + " " + Join(std::vector{period.RemoveOdds}) + " " + Join(period.GroupOdds),
             "1.1,1.3,1.25,1.2,0 0.25 0.5,0.6,0.7,0.8,0");
-  EXPECT_EQ(Shown(std::vector{state->ClassOdds[0].Recon, state->ClassOdds[4].Spotting}), "0.4,0.25");
+  EXPECT_EQ(Join(std::vector{state->ClassOdds[0].Recon, state->ClassOdds[4].Spotting}), "0.4,0.25");
   const MissionDefRec &attack = state->MissionDefs[2], &last = state->MissionDefs[13];
-  EXPECT_EQ(Shown(std::vector{attack.MinAlt, attack.MaxAlt, attack.MinPlanes, attack.MaxPlanes, last.MaxPlanes}),
+  EXPECT_EQ(Join(std::vector{attack.MinAlt, attack.MaxAlt, attack.MinPlanes, attack.MaxPlanes, last.MaxPlanes}),
             "2000,4000,2,5,2");
-  EXPECT_EQ(Shown(state->TypeOdds[4].Odds) + " " + Shown(state->TypeOdds[13].Odds),
+  EXPECT_EQ(Join(state->TypeOdds[4].Odds) + " " + Join(state->TypeOdds[13].Odds),
             "0.15,0.4,0.3,0.3,0 0.1,0.1,0.1,0.1,0");
-  EXPECT_EQ(Shown(state->SquadGroups[1].Squads) + " " + Shown(state->SquadGroups[2].Squads),
+  EXPECT_EQ(Join(state->SquadGroups[1].Squads) + " " + Join(state->SquadGroups[2].Squads),
             "83,90,-1,-1,0 121,124,127,130,0");
-  EXPECT_EQ(Shown(std::vector{state->GroupCount, state->SquadGroups[1].Kind, state->SquadGroups[3].Kind}), "3,1,-1");
+  EXPECT_EQ(Join(std::vector{state->GroupCount, state->SquadGroups[1].Kind, state->SquadGroups[3].Kind}), "3,1,-1");
   const AircraftRec& aircraft = state->Aircraft[42];
   EXPECT_EQ(state->Aircraft[0].AircraftName + ", " + aircraft.AircraftName, "Brandauer E.I, Castlemore 9 Day");
-  EXPECT_EQ(Shown(std::vector{aircraft.AircraftClass, aircraft.MinAlt, aircraft.MaxAlt}), "6,4000,16000");
+  EXPECT_EQ(Join(std::vector{aircraft.AircraftClass, aircraft.MinAlt, aircraft.MaxAlt}), "6,4000,16000");
 }
 
 TEST_F(FilesTest, GrammarOfSetupItems) {
@@ -45,7 +38,7 @@ TEST_F(FilesTest, GrammarOfSetupItems) {
   ASSERT_EQ(Load(), Messages{});
   const auto row = [this](Long index) {
     const AircraftRec& aircraft = state->Aircraft[index];
-    return aircraft.AircraftName + "|" + Shown(std::vector{aircraft.AircraftClass, aircraft.MinAlt, aircraft.MaxAlt});
+    return aircraft.AircraftName + "|" + Join(std::vector{aircraft.AircraftClass, aircraft.MinAlt, aircraft.MaxAlt});
   };
   EXPECT_EQ(row(0), "Name, with comma|3,-4,2000");
   EXPECT_EQ(row(1), "bare \"name\" |0,0,0");
@@ -55,7 +48,7 @@ TEST_F(FilesTest, GrammarOfSetupItems) {
   const Bytes sound = Read(ini);
   ::Write(ini, Replaced(sound, "2, 1, 83, 90\n4,", "0, 1, 5, 1, -32768.5,83,90,1,1\n2"));
   EXPECT_EQ(Load(), Messages{});
-  EXPECT_EQ(Shown(state->SquadGroups[2].Squads), "-32768,83,90,1,1");
+  EXPECT_EQ(Join(state->SquadGroups[2].Squads), "-32768,83,90,1,1");
   ::Write(ini, Replaced(sound, "\n3\n", "\n-1\n"));
   EXPECT_EQ(Load(), Messages{});
 }
@@ -105,7 +98,7 @@ TEST_F(FilesTest, CampaignPeriodsAndControlWords) {
   // The sample's lists have 2 and 3 entries, so the second control word stands 80 bytes further on.
   ::Write(dat, Poked(Poked(sound, 3216, -1, 2), 3460, 0x12340003));
   EXPECT_EQ((Load(), Open()), Messages{});
-  EXPECT_EQ(Shown(std::vector{state->TypeOddsGate, state->ShiftAxis}), "-1,3");
+  EXPECT_EQ(Join(std::vector{state->TypeOddsGate, state->ShiftAxis}), "-1,3");
   for (const auto& path : {mis, dat}) ::Write(path, "short");
   Load();
   EXPECT_TRUE(Open().at(0).starts_with("Error # 62 campgn01.dat, date"));  // of two unsound files, the one read first
@@ -123,18 +116,18 @@ TEST_F(FilesTest, MissionFieldsAtTheirOffsetsAndEveryByteBack) {
   ASSERT_EQ((Load(), Open()), Messages{});
   const MissionRec& flight = state->Missions[0];
   EXPECT_EQ(
-      Shown(std::vector{flight.FlightType, flight.HeadLong16, flight.MissionType, flight.HeadLong24, flight.Target}),
+      Join(std::vector{flight.FlightType, flight.HeadLong16, flight.MissionType, flight.HeadLong24, flight.Target}),
       "-988,-984,-980,-976,-820");
   const WaypointRec& point = flight.Waypoints[1];
-  EXPECT_EQ(Shown(std::vector{point.WPLong0, point.Lon, point.Lat, point.WPLong20, point.AltBytes, point.WPLong36,
-                              point.ActionParam}),
+  EXPECT_EQ(Join(std::vector{point.WPLong0, point.Lon, point.Lat, point.WPLong20, point.AltBytes, point.WPLong36,
+                             point.ActionParam}),
             "-2000,-1988,-1984,-1980,-1971,-1964,-1958");
-  EXPECT_EQ(Shown(std::vector{point.WPBytes[4], point.WPByte33, point.WPByte34, point.WPByte35, point.Formation,
-                              point.Action}),
+  EXPECT_EQ(Join(std::vector{point.WPBytes[4], point.WPByte33, point.WPByte34, point.WPByte35, point.Formation,
+                             point.Action}),
             "28,33,34,35,40,41");
-  EXPECT_EQ(Shown(flight.Planes), "21,21,21,21,-1,-1,-1,-1,-1,-1,-1,-1");
-  EXPECT_EQ(Shown(std::vector{flight.NumAircraft, flight.Pilots[3], flight.SlotExtra[3], state->PlayerFlight,
-                              state->Missions[3].EscortedFlight, state->LoadedCount}),
+  EXPECT_EQ(Join(flight.Planes), "21,21,21,21,-1,-1,-1,-1,-1,-1,-1,-1");
+  EXPECT_EQ(Join(std::vector{flight.NumAircraft, flight.Pilots[3], flight.SlotExtra[3], state->PlayerFlight,
+                             state->Missions[3].EscortedFlight, state->LoadedCount}),
             "4,191,0,1,22,87");
   EXPECT_EQ(Composed(), bytes);
   state->Missions[0].WPCount = 0;  // the record shrinks by its waypoints; the next one in play follows

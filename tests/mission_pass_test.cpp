@@ -70,9 +70,9 @@ TEST_F(MissionTest, AltitudeBandsAndBiases) {
   EXPECT_EQ(drawn({2300, 9000}, {"", 0, 0, 2000}, {0}), 1500);         // the floor cuts the 1000 short
   EXPECT_EQ(drawn({6000, 9000}, {"", 0, 0, 5000}, {0.5F}), 5500);
   EXPECT_EQ(drawn({5000, 5000}, {"", 0, 0, 9000}, {0}), 4000);         // max equal to min isn't a band
-  EXPECT_EQ(drawn({3000, 6001}, {"", 2, 0, 9000}, {0.79F, 0}), 4500);  // the middle of 4500.5 goes to the even side
+  EXPECT_EQ(drawn({3000, 6003}, {"", 2, 0, 9000}, {0.79F, 0}), 4502);  // the middle of 4501.5 goes to the even side
   EXPECT_EQ(drawn({3000, 6001}, {"", 2, 0, 9000}, {0.9F, 0}), 3000);
-  EXPECT_EQ(drawn({3000, 6003}, {"", 1, 0, 9000}, {0.49F, 0.9999999F}), 4502);  // may reach the top
+  EXPECT_EQ(drawn({3000, 6001}, {"", 1, 0, 9000}, {0.49F, 0.9999999F}), 4500);  // may reach the top
   EXPECT_EQ(drawn({3000, 6001}, {"", 1, 0, 9000}, {0.5F, 0.9999999F}), 6001);
 }
 

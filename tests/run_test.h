@@ -13,6 +13,7 @@
 #include "state/run_state.h"
 
 using namespace velmoran;
+using fakes::Join;
 using Longs = std::vector<Long>;
 
 struct Flight {
@@ -23,14 +24,6 @@ struct Flight {
   Longs pilots = {};
   Long escorted = 0;
 };
-
-// "3,5,-1"
-template <class Numbers>
-std::string Join(const Numbers& numbers) {
-  std::string joined;
-  for (const auto number : numbers) joined += (joined.empty() ? "" : ",") + std::to_string(number);
-  return joined;
-}
 
 inline Longs Used(const Table<Long, Slots>& slots) {  // up to the last slot that isn't empty
   Longs used(slots.begin(), slots.end());
@@ -43,7 +36,7 @@ class RunTest : public testing::Test {
   static constexpr Long German = 11, British = 12, Player = 10, Foreign = 14, Stranger = 50;  // squadrons
 
   RunTest() {
-    fakes::Reset();
+    fakes::form = {};
     fakes::Script({});
     SetInitialValues(run);
     run.TypeOddsGate = 1;

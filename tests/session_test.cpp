@@ -123,10 +123,10 @@ TEST_F(SessionTest, OneFaultAtATime) {
       EXPECT_EQ(loaded, (Messages{message, "failed"}));
     } else {
       if (column[1] == "massage") Open();
-      const std::string before = fakes::Buttons() + fakes::form.hint + fakes::form.target + Composed();
+      const std::string before = fakes::form.buttons + fakes::form.hint + fakes::form.target + Composed();
       EXPECT_EQ(column[1] == "open" ? Open() : Press(MassageB_Click),
                 Messages{message + "; the mission file was not changed"});
-      EXPECT_EQ(fakes::Buttons() + fakes::form.hint + fakes::form.target + Composed(), before);
+      EXPECT_EQ(fakes::form.buttons + fakes::form.hint + fakes::form.target + Composed(), before);
     }
     EXPECT_EQ(Read(path), column[3] == "remove" ? "" : spoiled);
     ::Write(path, intact);
@@ -140,6 +140,9 @@ TEST_F(SessionTest, PlayersSquadronOfThirteenFlights) {
   Bytes crowd = Poked(sound.substr(0, 17), 13, 13);  // of squadron 85, without waypoints and pilots
   for (int row = 0; row < 14; ++row) crowd += Poked(Poked(sound.substr(17, 216), 0, row), 192, 0) + Bytes(148, '\xFF');
   EXPECT_EQ(MassageOf(crowd), Messages{});
+  Bytes twice = Poked(crowd, 17, 1);  // flights 0 and 1 are both the player's: only the last one's pilots count
+  for (std::size_t slot = 0; slot < 24; ++slot) twice = Poked(twice, 285 + slot / 12 * 364 + slot % 12 * 4, 5);
+  EXPECT_EQ(MassageOf(twice), Messages{});
   EXPECT_EQ(
       MassageOf(Poked(crowd, 13, 14)),
       Messages{
@@ -158,7 +161,7 @@ TEST_F(SessionTest, PlansWithoutFlightsAndWithoutThePlayer) {
 TEST_F(SessionTest, MessagesOfTheMassage) {
   const std::size_t escort = sound.find(Bytes("\7\0\0\0\5\0\0\0", 8));  // flight 7 of squadron 5
   EXPECT_EQ(MassageOf(Poked(sound, escort + 216, 4)), Messages{"Error: Escort flight not found : 2"});
-  EXPECT_EQ(fakes::Buttons(), "RWE");  // and it went on
+  EXPECT_EQ(fakes::form.buttons, "--RWE");  // and it went on
   ::Write(ini, Replaced(Read(ini), "8000, 16000, 1, 3", "8000, 16000, 0, 0"));
   EXPECT_EQ(MassageOf(sound), (Messages{"Invalid number of planes for flight22", "failed"}));
   EXPECT_EQ(Read(mis), sound);
@@ -183,7 +186,7 @@ TEST_F(SessionTest, FailedWriteKeepsTheFlightsUntilItSucceeds) {
   setrlimit(RLIMIT_FSIZE, &limit);
   EXPECT_EQ(said, Messages{"Error # 61 " + place + ": only 1000 of " + std::to_string(massaged.size()) +
                            " bytes could be written: File too large; it is incomplete now" + kept});
-  EXPECT_EQ(fakes::Buttons(), "RWE");
+  EXPECT_EQ(fakes::form.buttons, "--RWE");
   EXPECT_EQ(Press(WriteB_Click), Messages{});
   EXPECT_EQ(Read(mis), massaged);
   EXPECT_TRUE(Press(ReportB_Click, "/dev/full").at(0).starts_with("Error # 61 /dev/full: only 0 of "));
