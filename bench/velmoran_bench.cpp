@@ -26,9 +26,6 @@ std::string answer;  // what the user types into the dialogs
 
 }  // namespace
 
-std::string CurrentDirectory() {
-  return std::filesystem::current_path().string();
-}
 std::string ShowOpenDialog(std::string_view, std::string_view) {
   return answer;
 }

@@ -1,4 +1,3 @@
-#include <filesystem>
 #include <utility>
 
 #include "fakes.h"
@@ -23,9 +22,6 @@ namespace velmoran {
 
 using fakes::form;
 
-std::string CurrentDirectory() {
-  return form.directory.empty() ? std::filesystem::current_path().string() : form.directory;
-}
 std::string ShowOpenDialog(std::string_view directory, std::string_view fileName) {
   return fakes::Answer("open", directory, fileName);
 }

@@ -12,7 +12,6 @@ namespace fakes {
 
 // What the logic has done to the form since Reset.
 struct Form {
-  std::string directory;          // what CurrentDirectory gives; the real one when empty
   std::string buttons = "OMRWE";  // by velmoran::Button; "-" stands for one that is disabled
   std::string hint;
   std::string target = "Target: ";

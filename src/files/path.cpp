@@ -2,12 +2,17 @@
 
 #include <algorithm>
 #include <cerrno>
+
+#ifdef _WIN32
+#include <sys/stat.h>
+
+#include "files/utf16.h"
+#else
 #include <filesystem>
 #include <system_error>
+#endif
 
 namespace velmoran {
-
-namespace fs = std::filesystem;
 
 std::string DropLastCharacters(std::string_view text, int count) {
   const auto continues = [](char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U; };
@@ -32,23 +37,38 @@ bool SameButForCase(std::string_view one, std::string_view other) {
 
 namespace {
 
+enum class Kind { Nothing, RegularFile, Directory, Other };
+
 #ifdef _WIN32
 
-fs::path AsWritten(std::string_view path) {
-  return fs::path(std::u8string(path.begin(), path.end()));
+using SystemPath = std::wstring;
+constexpr auto ReadMode = L"rb", WriteMode = L"wb";
+
+SystemPath AsWritten(std::string_view path) {
+  return ToUtf16(path);
 }
 
-fs::path AsMeant(std::string_view path) {
+SystemPath AsMeant(std::string_view path) {
   return AsWritten(path);
 }
 
-std::FILE* Open(const fs::path& path, const wchar_t* mode) {
+Kind KindOf(const SystemPath& path) {
+  struct _stat64 status;
+  if (_wstat64(path.c_str(), &status) != 0) return Kind::Nothing;
+  const auto type = status.st_mode & S_IFMT;
+  return type == S_IFREG ? Kind::RegularFile : type == S_IFDIR ? Kind::Directory : Kind::Other;
+}
+
+std::FILE* Open(const SystemPath& path, const wchar_t* mode) {
   return _wfopen(path.c_str(), mode);
 }
 
-constexpr auto ReadMode = L"rb", WriteMode = L"wb";
-
 #else
+
+namespace fs = std::filesystem;
+
+using SystemPath = fs::path;
+constexpr auto ReadMode = "rb", WriteMode = "wb";
 
 // The entry of the directory that the name means; the name itself when there is none.
 fs::path EntryLike(const fs::path& directory, const fs::path& name) {
@@ -65,11 +85,11 @@ fs::path EntryLike(const fs::path& directory, const fs::path& name) {
   return match.empty() ? name : match;
 }
 
-fs::path AsWritten(std::string_view path) {
-  return fs::path(path);
+SystemPath AsWritten(std::string_view path) {
+  return path;
 }
 
-fs::path AsMeant(std::string_view path) {
+SystemPath AsMeant(std::string_view path) {
   std::string slashed(path);
   std::ranges::replace(slashed, '\\', '/');
   fs::path meant;
@@ -77,38 +97,53 @@ fs::path AsMeant(std::string_view path) {
   return meant;
 }
 
-std::FILE* Open(const fs::path& path, const char* mode) {
-  return std::fopen(path.c_str(), mode);
+Kind KindOf(const SystemPath& path) {
+  std::error_code error;  // what can't be looked at fails when it is opened
+  const fs::file_status status = fs::status(path, error);
+  if (!fs::exists(status)) return Kind::Nothing;
+  return fs::is_regular_file(status) ? Kind::RegularFile : fs::is_directory(status) ? Kind::Directory : Kind::Other;
 }
 
-constexpr auto ReadMode = "rb", WriteMode = "wb";
+std::FILE* Open(const SystemPath& path, const char* mode) {
+  return std::fopen(path.c_str(), mode);
+}
 
 #endif
 
 struct Located {
-  fs::path path;
-  fs::file_status status;
+  SystemPath path;
+  Kind kind;
 };
 
 Located Locate(std::string_view path) {
   if (path.find('\0') != std::string_view::npos) return {};  // the system would take what stands before it
-  std::error_code error;                                     // what can't be looked at fails when it is opened
-  fs::path written = AsWritten(path);
-  if (const fs::file_status status = fs::status(written, error); fs::exists(status)) return {written, status};
-  fs::path meant = AsMeant(path);
-  const fs::file_status status = fs::status(meant, error);
-  return {meant, status};
+  SystemPath written = AsWritten(path);
+  if (const Kind kind = KindOf(written); kind != Kind::Nothing) return {written, kind};
+  SystemPath meant = AsMeant(path);
+  const Kind kind = KindOf(meant);
+  return {meant, kind};
 }
 
 }  // namespace
 
+std::string CurrentDirectory() {
+#ifdef _WIN32
+  std::wstring path(GetCurrentDirectoryW(0, nullptr), L'\0');
+  path.resize(GetCurrentDirectoryW(static_cast<DWORD>(path.size()), path.data()));
+  return ToUtf8(path);
+#else
+  std::error_code error;
+  return fs::current_path(error).string();
+#endif
+}
+
 OpenFile OpenForReading(std::string_view path) {
-  const Located file = Locate(path);
-  if (fs::exists(file.status) && !fs::is_regular_file(file.status)) {
-    errno = fs::is_directory(file.status) ? EISDIR : EOPNOTSUPP;
+  const auto [file, kind] = Locate(path);
+  if (kind == Kind::Directory || kind == Kind::Other) {
+    errno = kind == Kind::Directory ? EISDIR : EOPNOTSUPP;
     return nullptr;
   }
-  return OpenFile(Open(file.path, ReadMode));
+  return OpenFile(Open(file, ReadMode));
 }
 
 OpenFile OpenForWriting(std::string_view path) {

@@ -9,6 +9,10 @@
 
 namespace velmoran {
 
+// The directory that the system resolves relative paths against, without a trailing separator but for a root's; ""
+// where the system can't tell.
+std::string CurrentDirectory();
+
 // The text without its last characters; a character is a UTF-8 code point. A shorter text gives "".
 std::string DropLastCharacters(std::string_view text, int count);
 

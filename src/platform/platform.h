@@ -9,9 +9,6 @@ namespace velmoran {
 
 enum class Button { OpenB, MassageB, ReportB, WriteB, ExitB };
 
-// The directory that relative paths are resolved against, without a trailing separator.
-std::string CurrentDirectory();
-
 // Shows the open-file or the save-file dialog, beginning in the directory with the text given in its file name field.
 // Gives the field's text when the dialog closes: after Cancel it is as it went in. In the open dialog the field's
 // text also is the pattern of the names listed.

@@ -5,8 +5,9 @@
 
 namespace velmoran::captions {
 
+inline constexpr std::string_view Mission = "Form1";  // the title of the form
 inline constexpr std::string_view Label1 = "Velmoran";
-inline constexpr std::string_view Label2 = "Version 8.1";
+inline constexpr std::string_view Label2 = "Version " VELMORAN_VERSION;
 inline constexpr std::string_view OpenB = "Open Mission File";
 inline constexpr std::string_view ltarget = "Target: ";  // until a file is open
 inline constexpr std::string_view MassageB = "Massage File";

@@ -13,7 +13,6 @@
 #include "files/setup.h"
 #include "massage/plan_check.h"
 #include "massage/sequence.h"
-#include "platform/platform.h"
 #include "report/report.h"
 #include "state/rnd.h"
 
@@ -130,6 +129,21 @@ void WriteB_Click(RunState& run) {
 
 void ExitB_Click() {
   EndProgram(false);
+}
+
+void Press(RunState& run, Button button) {
+  switch (button) {
+    case Button::OpenB:
+      return OpenB_Click(run);
+    case Button::MassageB:
+      return MassageB_Click(run);
+    case Button::ReportB:
+      return ReportB_Click(run);
+    case Button::WriteB:
+      return WriteB_Click(run);
+    case Button::ExitB:
+      ExitB_Click();
+  }
 }
 
 }  // namespace velmoran

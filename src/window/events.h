@@ -3,6 +3,7 @@
 // button only while that button is enabled.
 #pragma once
 
+#include "platform/platform.h"
 #include "state/run_state.h"
 
 namespace velmoran {
@@ -28,5 +29,8 @@ void WriteB_Click(RunState& run);
 
 // Ends the program; nothing is saved.
 [[noreturn]] void ExitB_Click();
+
+// Does the event of the button.
+void Press(RunState& run, Button button);
 
 }  // namespace velmoran

@@ -4,21 +4,13 @@
 #include <algorithm>
 #include <array>
 #include <cstdlib>
-#include <filesystem>
-#include <iostream>
 #include <memory>
 #include <string>
-#include <system_error>
-
-#ifdef _WIN32
-#include <io.h>
-#else
-#include <unistd.h>
-#endif
 
 #include "files/path.h"
 #include "platform/platform.h"
 #include "window/captions.h"
+#include "window/console/terminal.h"
 #include "window/events.h"
 
 namespace velmoran {
@@ -48,7 +40,7 @@ bool& Enabled(Button button) {
 }
 
 void Print(std::string_view what, std::string_view text) {
-  std::cout << what << text << std::endl;
+  WriteLine(std::string(what) + std::string(text));
 }
 
 void PrintForm() {
@@ -63,17 +55,17 @@ void PrintForm() {
   Print("commands: ", enabled);
 }
 
-// The next line without its end; the end of the input closes the form.
-std::string ReadLine() {
+// What is typed next; the end of the input closes the form.
+std::string Typed() {
   std::string line;
-  if (!std::getline(std::cin, line)) ExitB_Click();
+  if (!ReadLine(line)) ExitB_Click();
   if (line.ends_with('\r')) line.pop_back();
   return line;
 }
 
 std::string Ask(std::string_view caption, std::string_view fileName) {
   Print("ask: ", std::string(caption) + " [" + std::string(fileName) + "]");
-  const std::string line = ReadLine();
+  const std::string line = Typed();
   return line.empty() ? std::string(fileName) : line;
 }
 
@@ -81,21 +73,6 @@ std::string Trimmed(const std::string& line) {
   const std::size_t first = line.find_first_not_of(" \t");
   if (first == std::string::npos) return "";
   return line.substr(first, line.find_last_not_of(" \t") - first + 1);
-}
-
-void Press(RunState& run, Button button) {
-  switch (button) {
-    case Button::OpenB:
-      return OpenB_Click(run);
-    case Button::MassageB:
-      return MassageB_Click(run);
-    case Button::ReportB:
-      return ReportB_Click(run);
-    case Button::WriteB:
-      return WriteB_Click(run);
-    case Button::ExitB:
-      ExitB_Click();
-  }
 }
 
 void Obey(RunState& run, const std::string& word) {
@@ -110,21 +87,7 @@ void Obey(RunState& run, const std::string& word) {
   }
 }
 
-bool AtTerminal() {
-#ifdef _WIN32
-  return _isatty(_fileno(stdin)) != 0;
-#else
-  return isatty(STDIN_FILENO) != 0;
-#endif
-}
-
 }  // namespace
-
-std::string CurrentDirectory() {
-  std::error_code error;
-  const std::u8string path = std::filesystem::current_path(error).u8string();
-  return std::string(path.begin(), path.end());
-}
 
 std::string ShowOpenDialog(std::string_view /*directory*/, std::string_view fileName) {
   return Ask(captions::OpenB, fileName);
@@ -163,7 +126,7 @@ int main() {
   Form_Load(*run);
   PrintForm();
   while (true) {
-    const std::string word = Trimmed(ReadLine());
+    const std::string word = Trimmed(Typed());
     if (word.empty()) continue;
     Obey(*run, word);
     PrintForm();
