@@ -3,10 +3,12 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <memory>
 #include <random>
+#include <regex>
 #include <string>
 #include <vector>
 
@@ -44,10 +46,12 @@ class CampaignFolder : public testing::Test {
     std::filesystem::copy(VELMORAN_SAMPLE, root, std::filesystem::copy_options::recursive);
     std::filesystem::current_path(root / "velmoran");
     fakes::form = {};
+    sound = Read(mis);
   }
   ~CampaignFolder() override {
     std::filesystem::current_path(std::filesystem::temp_directory_path());
-    std::filesystem::remove_all(root);
+    std::error_code held;  // by a program of the test that is still ending
+    std::filesystem::remove_all(root, held);
   }
 
   // Does the event, with what the user types into its dialog, and gives the messages that it shows; "failed" for the
@@ -67,15 +71,37 @@ class CampaignFolder : public testing::Test {
     return Press(velmoran::Form_Load);
   }
   Messages Open(const std::string& typed = "../campaign/campgn01.mis") { return Press(velmoran::OpenB_Click, typed); }
+  // What Massage says of a mission file.
+  Messages MassageOf(const Bytes& mission) {
+    Write(mis, mission);
+    EXPECT_EQ((Load(), Open()), Messages{});
+    return Press(velmoran::MassageB_Click);
+  }
+  // What a program says to the commands typed, and whether it ends well.
+  struct Said {
+    Bytes text;
+    bool succeeded;
+    bool operator==(const Said&) const = default;
+    friend std::ostream& operator<<(std::ostream& out, const Said& said) { return out << said.text << said.succeeded; }
+  };
+  static Said Run(const std::string& program, const Bytes& typed) {
+    Write("typed", typed);
+    const bool succeeded = std::system(("\"" + program + "\" <typed >said").c_str()) == 0;
+    return {std::regex_replace(Read("said"), std::regex("\r"), ""), succeeded};
+  }
+  static Said Console(const Bytes& typed) { return Run(VELMORAN_CONSOLE, typed); }
+  static Said Window(const Bytes& typed) { return Run(VELMORAN_DRIVER, typed); }
+
   Bytes Composed() const {
     const std::vector<velmoran::Byte> image = velmoran::ComposeMissionImage(*state);
     return Bytes(image.begin(), image.end());
   }
 
-  const std::filesystem::path root =
-      std::filesystem::temp_directory_path() / ("velm\xC3\xB8ran-" + std::to_string(std::random_device{}()));
+  const std::filesystem::path root = (std::filesystem::temp_directory_path() / u8"velm\u00F8ran-") +=
+      std::to_string(std::random_device{}());
   const std::filesystem::path ini = root / "velmoran/Velmoran.ini", txt = root / "data/simpatch/Velmoran.txt",
                               roster = root / "data/simpatch/squadron.dat", mis = root / "campaign/campgn01.mis",
                               dat = root / "campaign/campgn01.dat";
+  Bytes sound;  // the mission file
   std::unique_ptr<velmoran::RunState> state = std::make_unique<velmoran::RunState>();
 };

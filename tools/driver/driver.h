@@ -1,0 +1,45 @@
+// Drives the real window in the console's language: commands on standard input, and on standard output what
+// velmoran-console would print, read off the window's own controls. Beside the console's words there are "space" and
+// "enter", which press the key, "tab", which also tells where the focus is then, and "look", which tells the form's
+// controls from top to bottom. The end of the input closes the window.
+//
+// driver.cpp speaks the language; its hands and eyes, declared below it, are one source for each kind of window.
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace driver {
+
+// Does what there is to do: answers the open dialog or box, else takes the next command. Called again and again;
+// ends the program where nothing has happened for too long.
+void Step();
+
+enum class Front { Nothing, Form, FileDialog, MessageBox };  // what takes the user's input at the moment
+
+constexpr int Patience = 5000;  // in steps in which nothing happens
+
+Front FrontNow();
+bool FormIsShown();
+void CloseForm();
+[[noreturn]] void GiveUp();  // ends the window's program too
+
+struct Control {
+  std::string name;
+  std::string text;
+  std::string flaw;  // "", or what is wrong with it for a user, "cut" text for instance
+};
+std::vector<Control> Controls();  // the form itself, then its controls from top to bottom
+std::string TextOf(const std::string& control);
+bool IsEnabled(const std::string& control);
+std::string Focused();
+void Press(const std::string& control);
+void PressKey(const std::string& key);
+
+std::string NameInDialog();
+void AnswerDialog(const std::string& name);
+void CancelDialog();
+std::string MessageInBox();
+void AnswerBox();
+
+}  // namespace driver
