@@ -1,0 +1,22 @@
+// The files of a run, in memory in place of the disk: linked before the logic, it stands in for files/disk.cpp.
+#pragma once
+
+#include <map>
+#include <string>
+#include <vector>
+
+#include "state/types.h"
+
+namespace fuzz {
+
+using Bytes = std::vector<velmoran::Byte>;
+using Files = std::map<std::string, Bytes, std::less<>>;  // by the name without its folders
+
+extern Files files;
+extern bool diskIsFull;  // a file written then is cut in half
+
+// The parts of a fuzzer's input that cuts part, in order.
+std::vector<Bytes> Parts(const velmoran::Byte* data, std::size_t size);
+inline constexpr std::string_view Cut = "\xFE\xFD<cut>";
+
+}  // namespace fuzz
