@@ -33,7 +33,7 @@ void Save(const fs::path& path, const std::string& bytes) {
   file << bytes;
 }
 
-// The first flights of the sample's ordinary day, of the given number of waypoints at most.
+// The first flights of a plan, of the given number of waypoints at most.
 std::string SmallPlan(const std::string& image, Long flights, Long points) {
   const auto run = std::make_unique<RunState>();
   ReadMissions(*run, {image.begin(), image.end()});
@@ -60,15 +60,18 @@ void MakeSeeds(const fs::path& sample, const fs::path& target) {
                     roster = Read(sample / "data/simpatch/squadron.dat");
   Save(target / "setup/sample", ini + cut + txt);
   Save(target / "roster/sample", roster);
+  // As many flights as fit, and one more behind them.
+  const std::string most = SmallPlan(Read(sample / "campaign/campgn02.mis"), MissionRows, 0);
+  Save(target / "mission/most_flights", most + most.substr(17, 368));
   const std::array<const char*, 5> events{"omW", "RoRmRWR", "coimwW", "nor", "oRmwRWm"};
   for (int i = 0; i < 5; ++i) {
     const std::string name = std::to_string(i);
-    const std::string plan = SmallPlan(image, 1 << i, 31), short_ = SmallPlan(image, 3 * i, i);
+    const std::string plan = SmallPlan(image, 1 << i, WaypointRows), brief = SmallPlan(image, 3 * i, i);
     const std::string campaign = Campaign(dat, static_cast<char>(i), static_cast<char>(i % 2), static_cast<char>(i));
     Save(target / "mission" / name, plan);
-    Save(target / "mission" / ("dated" + name), short_ + cut + campaign);
+    Save(target / "mission" / ("dated" + name), brief + cut + campaign);
     Save(target / "run" / name,
-         events[static_cast<std::size_t>(i)] + cut + short_ + cut + campaign + cut + ini + cut + txt + cut + roster);
+         events[static_cast<std::size_t>(i)] + cut + brief + cut + campaign + cut + ini + cut + txt + cut + roster);
   }
 }
 
