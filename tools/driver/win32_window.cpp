@@ -197,9 +197,11 @@ void AnswerBox() {
 
 }  // namespace driver
 
-int main(int /*count*/, char** arguments) {
+// The program to drive can be named; else it is the one that was built with the driver.
+int main(int count, char** arguments) {
   using namespace driver;
-  std::string command = "\"" + std::filesystem::path(arguments[0]).parent_path().string() + "/../../velmoran.exe\"";
+  const std::filesystem::path own = arguments[0], built = own.parent_path() / "../../velmoran.exe";
+  std::string command = "\"" + (count > 1 ? arguments[1] : built.string()) + "\"";
   STARTUPINFOA start{};
   start.cb = sizeof start;
   if (!CreateProcessA(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start, &program))
