@@ -9,6 +9,7 @@
 #include <memory>
 #include <random>
 #include <regex>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -22,7 +23,7 @@ using Messages = std::vector<std::string>;
 
 inline Bytes Read(const std::filesystem::path& path) {
   std::ifstream file(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), {}};
+  return (std::ostringstream() << file.rdbuf()).str();
 }
 
 inline void Write(const std::filesystem::path& path, const Bytes& bytes) {
@@ -94,7 +95,7 @@ class CampaignFolder : public testing::Test {
 
   Bytes Composed() const {
     const std::vector<velmoran::Byte> image = velmoran::ComposeMissionImage(*state);
-    return Bytes(image.begin(), image.end());
+    return {reinterpret_cast<const char*>(image.data()), image.size()};
   }
 
   const std::filesystem::path root = (std::filesystem::temp_directory_path() / u8"velm\u00F8ran-") +=

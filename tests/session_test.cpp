@@ -1,9 +1,6 @@
-// Whole runs on the sample: states, hints, files; and whatever is refused leaves the user's file as it was.
+// Whole runs on the sample: states, hints, files.
 #include <cstdlib>
-#include <map>
 #include <new>
-#include <regex>
-#include <sstream>
 
 #include "campaign_folder.h"
 #include "state/rnd.h"
@@ -74,56 +71,6 @@ TEST_F(SessionTest, WholeRun) {
   ASSERT_EQ((Load(), Open("../campaign/campgn02.mis")), Messages{});  // the largest plan
   EXPECT_EQ((Press(MassageB_Click), Press(WriteB_Click)), Messages{});
   EXPECT_EQ(Digest(Read(root / "campaign/campgn02.mis")), 5767796093158233986U);
-}
-
-// The bytes with a fault as data/faults.txt tells it.
-Bytes Spoiled(const Bytes& sound, const std::string& fault) {
-  if (const std::size_t arrow = fault.find(" -> "); arrow != std::string::npos) {
-    const auto lines = [](const std::string& text) { return std::regex_replace(text, std::regex(R"(\\n)"), "\n"); };
-    return Replaced(sound, lines(fault.substr(0, arrow)), lines(fault.substr(arrow + 4)));
-  }
-  if (fault.starts_with("cut ")) {
-    const int size = std::stoi(fault.substr(4));
-    return sound.substr(0, size < 0 ? sound.size() - static_cast<std::size_t>(-size) : static_cast<std::size_t>(size));
-  }
-  Bytes spoiled = sound;
-  std::istringstream values(fault);
-  std::size_t offset = 0, width = 0;
-  for (std::int64_t value = 0; values >> offset >> width >> value;) spoiled = Poked(spoiled, offset, value, width);
-  return spoiled;
-}
-
-TEST_F(SessionTest, OneFaultAtATime) {
-  std::map<std::string, std::filesystem::path> paths{
-      {"ini", ini}, {"txt", txt}, {"roster", roster}, {"mis", mis}, {"dat", dat}};
-  std::ifstream faults(VELMORAN_TEST_DATA "/faults.txt");
-  const std::regex columns(R"((\w+) \| (\w+) \| (.*) \| (.*))");
-  int met = 0;
-  for (std::string line; std::getline(faults, line);) {
-    std::smatch column;
-    if (!std::regex_match(line, column, columns)) continue;
-    SCOPED_TRACE(line);
-    ++met;
-    const std::filesystem::path path = paths[column[2]];
-    const Bytes intact = Read(path), spoiled = Spoiled(intact, column[3]);
-    column[3] == "remove" ? void(std::filesystem::remove(path)) : ::Write(path, spoiled);
-    const std::string message = std::regex_replace(column[4].str(), std::regex("ROOT/"), (root / "").string());
-    const Messages loaded = Load();
-    if (column[1] == "load") {
-      EXPECT_EQ(loaded, (Messages{message, "failed"}));
-    } else {
-      if (column[1] == "massage") Open();
-      const std::string before = fakes::form.buttons + fakes::form.hint + fakes::form.target + Composed();
-      EXPECT_EQ(column[1] == "open" ? Open() : Press(MassageB_Click),
-                Messages{message + "; the mission file was not changed"});
-      EXPECT_EQ(fakes::form.buttons + fakes::form.hint + fakes::form.target + Composed(), before);
-    }
-    EXPECT_EQ(Read(path), column[3] == "remove" ? "" : spoiled);
-    ::Write(path, intact);
-    const bool again = column[1] != "open" || Open().empty();
-    EXPECT_TRUE(again);
-  }
-  EXPECT_EQ(met, 41);
 }
 
 TEST_F(SessionTest, PlayersSquadronOfThirteenFlights) {
