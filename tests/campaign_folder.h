@@ -27,6 +27,7 @@ inline Bytes Read(const std::filesystem::path& path) {
 }
 
 inline void Write(const std::filesystem::path& path, const Bytes& bytes) {
+  std::filesystem::remove(path);  // some systems wait for the disk where a file is emptied and written
   std::ofstream(path, std::ios::binary) << bytes;
 }
 
@@ -46,7 +47,6 @@ class CampaignFolder : public testing::Test {
   CampaignFolder() {
     std::filesystem::copy(VELMORAN_SAMPLE, root, std::filesystem::copy_options::recursive);
     std::filesystem::current_path(root / "velmoran");
-    fakes::form = {};
     sound = Read(mis);
   }
   ~CampaignFolder() override {
@@ -69,6 +69,7 @@ class CampaignFolder : public testing::Test {
   }
   Messages Load() {
     state = std::make_unique<velmoran::RunState>();
+    fakes::form = {};
     return Press(velmoran::Form_Load);
   }
   Messages Open(const std::string& typed = "../campaign/campgn01.mis") { return Press(velmoran::OpenB_Click, typed); }

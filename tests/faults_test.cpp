@@ -1,11 +1,11 @@
 // Files that can't be used, one fault a case: whatever is refused leaves the state and the user's files as they were,
 // and the sound file is taken the next time.
 #include <algorithm>
-#include <cstring>
 #include <map>
 #include <optional>
 #include <regex>
 #include <sstream>
+#include <utility>
 
 #include "campaign_folder.h"
 
@@ -15,29 +15,29 @@ namespace {
 
 class FaultsTest : public CampaignFolder {
  protected:
-  // Spoils a file, or takes it away, and does the event that meets it. The message is all that is told; "none" stands
-  // for a file that is taken, for all its oddity.
+  // Spoils a file, or takes it away, and does the event that meets it, which tells the message of data/faults.txt.
   void Meets(const std::string& event, const std::filesystem::path& path, const std::optional<Bytes>& spoiled,
              const std::string& message) {
     const Bytes intact = files.at(path);
     files[path] = spoiled.value_or("");
     spoiled ? ::Write(path, *spoiled) : void(std::filesystem::remove(path));
-    const bool taken = message == "none";
-    const Messages loaded = Load();
-    if (event == "load") {
-      EXPECT_EQ(loaded, taken ? Messages{} : (Messages{message, "failed"}));
-    } else {
+    const bool refused = message.starts_with("Error"), ends = event == "load" || !refused;
+    const Messages told = message == "none" ? Messages{}
+                          : ends            ? Messages{message, "failed"}
+                                            : Messages{message + "; the mission file was not changed"};
+    Messages said = Load();
+    if (event != "load") {
+      EXPECT_EQ(said, Messages{});
       if (event == "massage") Open();
       const std::string before = Known(path == dat);
-      EXPECT_EQ(event == "open" ? Open() : Press(MassageB_Click),
-                taken ? Messages{} : Messages{message + "; the mission file was not changed"});
-      EXPECT_EQ(Known(path == dat) == before, !taken);
+      said = event == "open" ? Open() : Press(MassageB_Click);
+      EXPECT_EQ(Known(path == dat) == before, refused);
     }
+    EXPECT_EQ(said, told);
     for (const auto& [file, bytes] : files) EXPECT_TRUE(Read(file) == bytes) << file;
 
     ::Write(path, files[path] = intact);
-    Messages said;
-    if (event == "load" || path == roster || taken) said = Load();
+    said = event == "load" || path == roster || !refused ? Load() : Messages{};
     if (event != "load" && said.empty()) said = Open();
     EXPECT_TRUE(event == "load" || Composed() == sound);
     if (event == "massage" && said.empty()) said = Press(MassageB_Click);
@@ -48,13 +48,12 @@ class FaultsTest : public CampaignFolder {
       {ini, Read(ini)}, {txt, Read(txt)}, {roster, Read(roster)}, {mis, sound}, {dat, Read(dat)}};
 
  private:
-  // What the user sees and what would be written; of the campaign file, whose values Open takes before it looks at the
-  // mission file, where that is the one at fault.
+  // What the user sees and what would be written; and what the campaign file says, which Open takes over before it
+  // looks at the mission file.
   std::string Known(bool withCampaign) const {
+    const std::vector<Long> campaign{state->CampaignDate, state->WarPeriod, state->ShiftAxis, state->TypeOddsGate};
     return fakes::form.buttons + fakes::form.hint + fakes::form.target + Composed() +
-           (withCampaign ? fakes::Join(std::vector<Long>{state->CampaignDate, state->WarPeriod, state->ShiftAxis,
-                                                         state->TypeOddsGate})
-                         : "");
+           (withCampaign ? fakes::Join(campaign) : "");
   }
 };
 
@@ -91,75 +90,61 @@ TEST_F(FaultsTest, OneAtATime) {
     Meets(column[1], path, column[3] == "remove" ? std::nullopt : std::optional(Spoiled(files[path], column[3])),
           std::regex_replace(column[4].str(), std::regex("ROOT/"), (root / "").string()));
   }
-  EXPECT_EQ(met, 41);
+  EXPECT_EQ(met, 141);
 }
 
 TEST_F(FaultsTest, CutShort) {
-  // What is taken at once from a file, and what a message calls it.
-  struct Step {
-    std::string part;
-    std::size_t from, end;
-  };
-  std::vector<Step> steps;
-  const auto take = [&](const std::string& part, std::size_t from, std::size_t width) {
-    steps.push_back({part, from, from + width});
-  };
-  const auto value = [](const Bytes& bytes, std::size_t at) {
-    std::uint32_t bits = 0;
-    std::memcpy(&bits, &bytes.at(at), 4);
-    return std::size_t{bits};
-  };
-  // At each of the first bytes, and in front of each step.
-  const auto cut = [&](const std::string& event, const std::filesystem::path& path, std::size_t first) {
-    for (std::size_t size = 0; size < steps.back().end; ++size) {
-      const Step& due = *std::ranges::find_if(steps, [size](const Step& step) { return step.end > size; });
-      if (size >= first && size != due.from) continue;
-      Meets(event, path, files[path].substr(0, size),
-            "Error # 62 " + path.filename().string() + ", " + due.part + " at offset " + std::to_string(due.from) +
-                ": the file ends " + std::to_string(due.end - size) + " bytes too early");
+  std::size_t end = 0;
+  // Steps over a part of a file, which is then cut within it, at so many bytes; gives the offset of the part.
+  const auto step = [&](const std::filesystem::path& path, const std::string& part, std::size_t width,
+                        std::size_t cuts) {
+    const std::size_t from = std::exchange(end, end + width);
+    for (std::size_t size = from; size < from + cuts; ++size) {
+      Meets(path == mis ? "open" : "load", path, files[path].substr(0, size),
+            "Error # 62 " + path.filename().string() + ", " + part + " at offset " + std::to_string(from) +
+                ": the file ends " + std::to_string(end - size) + " bytes too early");
     }
-    steps.clear();
+    return from;
   };
-
-  take("header", 0, 17);
-  for (std::size_t row = 0; row < value(sound, 13); ++row) {
-    const std::size_t at = steps.back().end;
-    take("record " + std::to_string(row), at, 216);
-    take("record " + std::to_string(row), at + 216,
-         148 + 46 * value(sound, at + 192) + (value(sound, at + 204) ? 4 : 0));
-  }
-  cut("open", mis, steps[3].from);
-
-  for (std::size_t row = 0, at = 0; row < 190; ++row, at = steps.back().end) {
+  const auto number = [](const Bytes& bytes, std::size_t at) { return std::size_t{static_cast<Byte>(bytes.at(at))}; };
+  step(mis, "header", 17, 17);
+  for (std::size_t row = 0; row < number(sound, 13); ++row) {
     const std::string record = "record " + std::to_string(row);
-    take(record, at, 60);
-    take(record, at + 60, 16 * value(files[roster], at + 56));
-    take(record, steps.back().end, 4);
-    take(record, steps.back().end, 28 * value(files[roster], steps.back().from));
+    const std::size_t at = step(mis, record, 216, row == 0 ? 216 : 1), link = number(sound, at + 204) == 0 ? 0 : 4,
+                      body = 46 * number(sound, at + 192) + link + 148;
+    step(mis, record, body, row == 0 ? body : 1);
   }
-  cut("load", roster, 0);
+  const Bytes squadrons = files[roster];
+  end = 0;
+  for (int row = 0; row < 190; ++row) {
+    const std::string record = "record " + std::to_string(row);
+    const std::size_t at = step(roster, record, 60, 1);
+    step(roster, record, 16 * number(squadrons, at + 56), 0);
+    step(roster, record, 28 * number(squadrons, step(roster, record, 4, 0)), 0);
+  }
 }
 
 TEST_F(FaultsTest, EveryNumberOfTheSetup) {
-  std::ifstream items(VELMORAN_TEST_DATA "/items.txt");
+  std::ifstream items(VELMORAN_TEST_DATA "/items.txt");  // what messages call the numbers, in order
   const std::regex textOrNumber(R"("[^"]*"|([-.0-9]+))");
   const std::string huge = "1" + std::string(309, '0');
   for (const std::filesystem::path& path : {ini, txt}) {
     const Bytes text = files[path];
     for (std::sregex_iterator found(text.begin(), text.end(), textOrNumber), end; found != end; ++found) {
-      if (!(*found)[1].matched) continue;
+      const auto number = (*found)[1];
+      if (!number.matched) continue;
       std::string item;
       std::getline(items, item);
-      const auto line = 1 + std::count(text.begin(), (*found)[1].first, '\n');
+      const auto line = 1 + std::count(text.begin(), number.first, '\n');
       const std::string place = " " + path.filename().string() + " line " + std::to_string(line) + ": " + item + ": \"";
-      const auto with = [&](const std::string& other) {
-        return Bytes(text).replace(static_cast<std::size_t>(found->position()), found->str().size(), other);
+      const auto with = [&](const Bytes& other) {
+        return Bytes(text.begin(), number.first) + other + Bytes(number.second, text.end());
       };
       Meets("load", path, with("1x"), "Error # 13" + place + "1x\" is no number");
       Meets("load", path, with(huge), "Error # 6" + place + huge.substr(0, 40) + "\" is out of range");
     }
   }
-  EXPECT_EQ(items.peek(), std::ifstream::traits_type::eof());
+  EXPECT_EQ(items.peek(), EOF);
 }
 
 }  // namespace
