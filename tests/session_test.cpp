@@ -99,9 +99,6 @@ TEST_F(SessionTest, MessagesOfTheMassage) {
   const std::size_t escort = sound.find(Bytes("\7\0\0\0\5\0\0\0", 8));  // flight 7 of squadron 5
   EXPECT_EQ(MassageOf(Poked(sound, escort + 216, 4)), Messages{"Error: Escort flight not found : 2"});
   EXPECT_EQ(fakes::form.buttons, "--RWE");  // and it went on
-  ::Write(ini, Replaced(Read(ini), "8000, 16000, 1, 3", "8000, 16000, 0, 0"));
-  EXPECT_EQ(MassageOf(sound), (Messages{"Invalid number of planes for flight22", "failed"}));
-  EXPECT_EQ(Read(mis), sound);
 }
 
 TEST_F(SessionTest, ConsoleTranscript) {

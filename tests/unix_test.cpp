@@ -104,16 +104,14 @@ TEST_F(UnixTest, FailedWriteKeepsTheFlightsUntilItSucceeds) {
 
 TEST_F(UnixTest, FilesThatCantBeRead) {
   Load();
-  const auto refused = [this](const std::string& path, const std::string& reason) {
-    EXPECT_EQ(Open(path), Messages{"Error # " + Replaced(reason, "FILE", path) + "; the mission file was not changed"});
-  };
-  refused("..", "75 FILE can't be opened: Is a directory");
-  refused("/dev/null", "75 FILE can't be opened: Operation not supported");
+  const std::string place = "../campaign/campgn01.mis", unchanged = "; the mission file was not changed";
+  EXPECT_EQ(Open(".."), Messages{"Error # 75 .. can't be opened: Is a directory" + unchanged});
+  EXPECT_EQ(Open("/dev/null"), Messages{"Error # 75 /dev/null can't be opened: Operation not supported" + unchanged});
   Forbid(mis, true);
-  refused("../campaign/campgn01.mis", "70 FILE can't be opened: Permission denied");
+  EXPECT_EQ(Open(place), Messages{"Error # 70 " + place + " can't be opened: Permission denied" + unchanged});
   Forbid(mis, false);
   fs::resize_file(mis, (256 << 20) + 1);
-  refused("../campaign/campgn01.mis", "75 FILE is larger than 256 MiB");
+  EXPECT_EQ(Open(place), Messages{"Error # 75 " + place + " is larger than 256 MiB" + unchanged});
 }
 
 TEST_F(UnixTest, PathsOfAnotherSystem) {
@@ -121,8 +119,6 @@ TEST_F(UnixTest, PathsOfAnotherSystem) {
   EXPECT_TRUE(opens("..\\CAMPAIGN\\Campgn01.MIS"));
   EXPECT_TRUE(opens((root / "Campaign/campgn01.DAT").string()));
   EXPECT_FALSE(opens("..\\campaign\\campgn03.mis"));
-  EXPECT_FALSE(opens("../campaign"));
-  EXPECT_FALSE(opens("/dev/null"));
   EXPECT_FALSE(opens(Bytes("../campaign/campgn01.mis\0x", 26)));
   ::Write("odd\\name", "as it stands");
   EXPECT_TRUE(opens("odd\\name"));
