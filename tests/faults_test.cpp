@@ -101,7 +101,8 @@ TEST_F(FaultsTest, CutShort) {
     for (std::size_t size = from; size < from + cuts; ++size) {
       Meets(path == mis ? "open" : "load", path, files[path].substr(0, size),
             "Error # 62 " + path.filename().string() + ", " + part + " at offset " + std::to_string(from) +
-                ": the file ends " + std::to_string(end - size) + " bytes too early");
+                ": the file ends " + std::to_string(end - size) + (end - size == 1 ? " byte" : " bytes") +
+                " too early");
     }
     return from;
   };

@@ -89,8 +89,8 @@ class ByteCursor {
   const Byte* Take(std::int64_t count, std::string_view part, Long number = -1) {
     const std::int64_t missing = offset_ + count - static_cast<std::int64_t>(bytes_.size());
     if (missing > 0) {
-      throw Failure{FailureNumber::PastEndOfFile,
-                    Place(part, number) + ": the file ends " + std::to_string(missing) + " bytes too early"};
+      throw Failure{FailureNumber::PastEndOfFile, Place(part, number) + ": the file ends " + std::to_string(missing) +
+                                                      (missing == 1 ? " byte" : " bytes") + " too early"};
     }
     const Byte* taken = bytes_.data() + offset_;
     offset_ += count;
