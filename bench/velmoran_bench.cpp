@@ -8,6 +8,7 @@
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
+#include <array>
 #include <cstdio>
 #include <filesystem>
 #include <map>
@@ -53,7 +54,7 @@ namespace {
 using namespace velmoran;
 
 constexpr const char* ReportFile = "MissionReport.txt";
-constexpr Long Sizes[] = {50, 100, MissionRows};  // in flights
+constexpr std::array<Long, 3> Sizes{50, 100, MissionRows};  // in flights
 
 std::string MissionFile(std::int64_t flights) {
   return flights == MissionRows ? "../campaign/campgn02.mis" : "../campaign/flights" + std::to_string(flights) + ".mis";
@@ -203,7 +204,8 @@ int main(int argc, char** argv) {
   };
   std::printf("Start    %5.2f times the plain thing\n", ratio("Start", "StartPlain", ""));
   const std::string largest = std::to_string(MissionRows);
-  const std::pair<const char*, double> aims[] = {{"Open", 3}, {"Massage", 20}, {"Report", 8}, {"Write", 3}};
+  constexpr std::array<std::pair<const char*, double>, 4> aims{
+      {{"Open", 3}, {"Massage", 20}, {"Report", 8}, {"Write", 3}}};
   for (const auto& [event, aim] : aims) {
     std::printf("%-8s %5.2f times the plain thing (aim: at most %g); its time grows with the flights", event,
                 ratio(event, std::string(event) + "Plain", largest), aim);

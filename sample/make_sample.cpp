@@ -63,9 +63,9 @@ std::vector<Byte> Roster() {
     Append(bytes, 0);
     const Long pilots = squadID % 5, fields = squadID % 3;
     Append(bytes, pilots);
-    bytes.insert(bytes.end(), static_cast<std::size_t>(16 * pilots), Byte{0x11});
+    bytes.insert(bytes.end(), 16 * static_cast<std::size_t>(pilots), Byte{0x11});
     Append(bytes, fields);
-    bytes.insert(bytes.end(), static_cast<std::size_t>(28 * fields), Byte{0x22});
+    bytes.insert(bytes.end(), 28 * static_cast<std::size_t>(fields), Byte{0x22});
   }
   return bytes;
 }

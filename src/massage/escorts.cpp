@@ -22,7 +22,7 @@ void FindFlight(const RunState& run, Long flightID, Integer& found) {
 
 Long RemovedUpTo(const RunState& run, Integer last) {
   Long count = 0;
-  for (Integer row = 0; row <= last; ++row) count += run.Removed[row] == TakenOut;
+  for (Integer row = 0; row <= last; ++row) count += run.Removed[row] == TakenOut ? 1 : 0;
   return count;
 }
 
@@ -74,8 +74,8 @@ void RenumberFlights(RunState& run) {
 }
 
 void VerifyEscorts(const RunState& run) {
-  std::array<Integer, MissionRows> escorted;                   // by escorts in play
-  std::array<Integer, MissionRows * WaypointRows> rendezvous;  // one entry a waypoint
+  std::array<Integer, MissionRows> escorted;                                // by escorts in play
+  std::array<Integer, std::size_t{MissionRows} * WaypointRows> rendezvous;  // one entry a waypoint
   std::size_t escorts = 0, meetings = 0;
   for (Integer row = 0; row < run.LoadedCount; ++row) {
     if (run.Removed[row] != InPlay) continue;
