@@ -243,7 +243,7 @@ void EndWithoutDisplay(QtMsgType type, const QMessageLogContext& /*context*/, co
 
 int main(int /*argc*/, char** argv) {
   using namespace velmoran;
-  int nameAlone = 1;  // there is no command line
+  int nameAlone = 1;                     // there is no command line
   qputenv("QT_ENABLE_REGEXP_JIT", "0");  // which would make memory both writable and executable
   const QtMessageHandler usual = qInstallMessageHandler(EndWithoutDisplay);
   const QApplication application(nameAlone, argv);
