@@ -7,6 +7,7 @@
 #include <fstream>
 #include <iostream>
 #include <iterator>
+#include <map>
 #include <memory>
 #include <string>
 
@@ -43,6 +44,32 @@ std::string SmallPlan(const std::string& image, Long flights, Long points) {
   return {small.begin(), small.end()};
 }
 
+// The escorts of a plan, the flights that they meet, and the first flights, the player's among them; of at most so many
+// flights.
+std::string EscortPlan(const std::string& image, Long most) {
+  const auto whole = std::make_unique<RunState>(), part = std::make_unique<RunState>();
+  ReadMissions(*whole, {image.begin(), image.end()});
+  ReadMissions(*part, {image.begin(), image.end()});
+  std::map<Long, Long> rows;  // of the whole plan, and of the part
+  const auto take = [&](Long row) {
+    if (rows.size() < static_cast<std::size_t>(most)) rows.try_emplace(row, static_cast<Long>(rows.size()));
+  };
+  for (Long row = 0; row <= whole->PlayerFlight; ++row) take(row);
+  for (Long row = 0; row < whole->LoadedCount; ++row) {
+    if (whole->Missions[row].MissionType != TypeEscort) continue;
+    take(row);
+    take(whole->Missions[row].EscortedFlight);
+  }
+  for (const auto& [from, to] : rows) {
+    MissionRec& flight = part->Missions[to] = whole->Missions[from];
+    flight.FlightID = to;
+    if (const auto met = rows.find(flight.EscortedFlight); met != rows.end()) flight.EscortedFlight = met->second;
+  }
+  part->MissionCount = part->LoadedCount = static_cast<Long>(rows.size());
+  const std::vector<Byte> small = ComposeMissionImage(*part);
+  return {small.begin(), small.end()};
+}
+
 // The campaign file on another day and with other control words.
 std::string Campaign(std::string bytes, char day, char gate, char axis) {
   constexpr std::size_t DateAt = 3201, GateAt = 3216,
@@ -51,6 +78,12 @@ std::string Campaign(std::string bytes, char day, char gate, char axis) {
   bytes[GateAt] = gate;
   bytes[AxisAt] = axis;
   return bytes;
+}
+
+// Flights of some types are of no planes then, which ends a massage.
+std::string WithoutPlanes(std::string ini) {
+  constexpr std::string_view Sizes = " 1, 3\n";
+  return ini.replace(ini.find(Sizes), Sizes.size(), " 0, 0\n");
 }
 
 void MakeSeeds(const fs::path& sample, const fs::path& target) {
@@ -63,15 +96,24 @@ void MakeSeeds(const fs::path& sample, const fs::path& target) {
   // As many flights as fit, and one more behind them.
   const std::string most = SmallPlan(Read(sample / "campaign/campgn02.mis"), MissionRows, 0);
   Save(target / "mission/most_flights", most + most.substr(17, 368));
+  const auto asRun = [&](const std::string& events, const std::string& plan, const std::string& campaign,
+                         const std::string& odds) {
+    std::string input = events;
+    for (const std::string* file : {&plan, &campaign, &odds, &txt, &roster}) (input += cut) += *file;
+    return input;
+  };
+  Save(target / "run/no_planes", asRun("om", SmallPlan(image, 8, 0), dat, WithoutPlanes(ini)));
   const std::array<const char*, 5> events{"omW", "RoRmRWR", "coimwW", "nor", "oRmwRWm"};
   for (int i = 0; i < 5; ++i) {
-    const std::string name = std::to_string(i);
-    const std::string plan = SmallPlan(image, 1 << i, WaypointRows), brief = SmallPlan(image, 3 * i, i);
+    const std::string name = std::to_string(i), brief = SmallPlan(image, 3 * i, i);
     const std::string campaign = Campaign(dat, static_cast<char>(i), static_cast<char>(i % 2), static_cast<char>(i));
-    Save(target / "mission" / name, plan);
-    Save(target / "mission" / ("dated" + name), brief + cut + campaign);
-    Save(target / "run" / name,
-         events[static_cast<std::size_t>(i)] + cut + brief + cut + campaign + cut + ini + cut + txt + cut + roster);
+    Save(target / "mission" / name, SmallPlan(image, 1 << i, WaypointRows));
+    Save(target / "mission" / ("escorts" + name), EscortPlan(image, 2 + 2 * i));
+    std::string dated = brief;
+    (dated += cut) += campaign;
+    Save(target / "mission" / ("dated" + name), dated);
+    Save(target / "run" / name, asRun(events[static_cast<std::size_t>(i)], brief, campaign, ini));
+    Save(target / "run" / ("escorts" + name), asRun("oRmRW", EscortPlan(image, 3 + 2 * i), campaign, ini));
   }
 }
 
