@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QFileDialog>
+#include <QFileIconProvider>
 #include <QFrame>
 #include <QLabel>
 #include <QLineEdit>
@@ -144,11 +145,20 @@ void BuildForm(RunState& run) {
   form.window->resize(form.window->minimumSizeHint());
 }
 
+// Qt's own icons by the kind of a file would open each one that is listed, to guess its kind.
+class PlainIcons : public QFileIconProvider {
+ public:
+  QIcon icon(const QFileInfo& info) const override { return QFileIconProvider::icon(info.isDir() ? Folder : File); }
+  QString type(const QFileInfo& info) const override { return info.isDir() ? "Folder" : "File"; }
+};
+
 // Qt's own dialog: the desktop's drops the name that the field begins with.
 class FileDialog : public QFileDialog {
  public:
   FileDialog(AcceptMode mode, std::string_view directory, std::string_view fileName) : QFileDialog(form.window) {
     setOption(DontUseNativeDialog);
+    static PlainIcons icons;  // outlives the thread that lists the files
+    setIconProvider(&icons);
     setAcceptMode(mode);
     setFileMode(AnyFile);
     findChild<QWidget*>("fileTypeLabel")->hide();  // the pattern stands in the name field
