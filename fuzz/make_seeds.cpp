@@ -102,7 +102,7 @@ void MakeSeeds(const fs::path& sample, const fs::path& target) {
     for (const std::string* file : {&plan, &campaign, &odds, &txt, &roster}) (input += cut) += *file;
     return input;
   };
-  Save(target / "run/no_planes", asRun("om", SmallPlan(image, 8, 0), dat, WithoutPlanes(ini)));
+  Save(target / "run/no_planes", asRun("om", SmallPlan(image, 24, 0), dat, WithoutPlanes(ini)));
   const std::array<const char*, 5> events{"omW", "RoRmRWR", "coimwW", "nor", "oRmwRWm"};
   for (int i = 0; i < 5; ++i) {
     const std::string name = std::to_string(i), brief = SmallPlan(image, 3 * i, i);
