@@ -83,8 +83,8 @@ constexpr std::size_t CountOffset = 13;
 constexpr std::size_t LinkWidth = 4;  // EscortedFlight
 static_assert(HeadWidth == 216 && WaypointWidth == 46 && TailWidth == 148);
 
-// The reader takes EscortedFlight for any flag but 0, the writer stores it only for one above 0. They differ on purpose,
-// and a negative flag loses its link in the file written.
+// The reader takes EscortedFlight for any flag but 0, the writer stores it only for one above 0. They differ on
+// purpose, and a negative flag loses its link in the file written.
 bool LinkStandsInFile(const MissionRec& flight) {
   return flight.EscortFlag != 0;
 }
