@@ -4,7 +4,6 @@
 #include <iterator>
 
 #include "fakes.h"
-#include "files/mission_file.h"
 #include "session.h"
 
 using namespace velmoran;

@@ -7,7 +7,6 @@
 #include <vector>
 
 #include "session.h"
-#include "state/numbering.h"
 
 using namespace velmoran;
 
@@ -52,7 +51,6 @@ extern "C" int LLVMFuzzerTestOneInput(const Byte* data, std::size_t size) {
   for (std::size_t i = 0; i < Names.size() && i + 1 < parts.size(); ++i) fuzz::files[Names[i]] = parts[i + 1];
 
   constexpr std::size_t MostEvents = 12;
-  std::string report;
   {
     fuzz::Session session;
     for (const Byte event : std::span(parts[0]).first(std::min(parts[0].size(), MostEvents))) Do(session, event);
