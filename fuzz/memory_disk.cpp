@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "files/disk.h"
-#include "files/failure.h"
 #include "files/path.h"
+#include "state/failure.h"
 
 namespace fuzz {
 

@@ -2,9 +2,9 @@
 #include <algorithm>
 #include <string>
 
-#include "files/failure.h"
 #include "files/roster.h"
 #include "session.h"
+#include "state/failure.h"
 
 using namespace velmoran;
 

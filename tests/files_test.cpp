@@ -1,7 +1,7 @@
 // What the files say and what of it arrives in the RunState. data/faults.txt has the ways in which one can be unsound.
 #include "campaign_folder.h"
 #include "files/path.h"
-#include "files/roster.h"
+#include "state/roster.h"
 
 using namespace velmoran;
 

@@ -1,6 +1,7 @@
 // Flight sizes, squadron strength and the player's squadron.
 #include "massage/flight_size.h"
 
+#include "massage/massage_stopped.h"
 #include "massage/squadron_strength.h"
 #include "run_test.h"
 
@@ -19,6 +20,17 @@ class FlightSizeTest : public RunTest {
     EXPECT_EQ(flight.NumAircraft, static_cast<Long>(Used(flight.Planes).size()));
     EXPECT_EQ(fakes::DrawsLeft(), 0U);
     return Join(Used(flight.Planes)) + (run.Removed[row] == InPlay ? "" : "!");
+  }
+  // How the massage stops when the work is done.
+  template <class Work>
+  std::string Stopped(MassageStopped::Reason reason, Integer row, Work work) {
+    try {
+      work();
+    } catch (const MassageStopped& stopped) {
+      EXPECT_TRUE(stopped.reason == reason && stopped.row == row) << stopped.message;
+      return stopped.message;
+    }
+    return "not stopped";
   }
   // Size, planes and pilots of each row, "!" when it is removed.
   std::string Shown() const {
@@ -72,14 +84,18 @@ TEST_F(FlightSizeTest, RemovesBelowTheOddsButDrawsForEveryClass) {
   EXPECT_EQ(Sized({.planes = {3}}, {0, 0}), "3,3");
 }
 
-TEST_F(FlightSizeTest, SizeOutsideOneToTwelveEndsTheProgram) {
-  for (const Integer size : {Integer{0}, Integer{13}}) {
-    run.MissionDefs[TypeCAP] = {0, 0, size, size};
-    EXPECT_THROW(Sized({.squad = British, .planes = {3}}, {0}), fakes::ProgramEnded);
-  }
+TEST_F(FlightSizeTest, SizeOutsideOneToTwelveStopsTheMassage) {
+  const auto stopped = [this](Integer row, Long plane) {
+    return Stopped(MassageStopped::Reason::InvalidSize, row,
+                   [&] { Sized({.squad = British, .planes = {plane}}, {0}); });
+  };
+  run.MissionDefs[TypeCAP] = {0, 0, 0, 0};
+  EXPECT_EQ(stopped(1, 3), "Invalid number of planes for flight1");
+  run.MissionDefs[TypeCAP] = {0, 0, 13, 13};
+  EXPECT_EQ(stopped(2, 3), "Invalid number of planes for flight2");
   run.Periods[0].SizeFactor[1] = 1e300;
-  EXPECT_THROW(Sized({.squad = British, .planes = {0}}, {0}), fakes::ProgramEnded);
-  EXPECT_EQ(fakes::form.messages.back(), "Invalid number of planes for flight3");
+  EXPECT_EQ(stopped(3, 0), "Invalid number of planes for flight3");
+  EXPECT_EQ(fakes::form.messages, std::vector<std::string>{});  // the event shows it
 }
 
 TEST_F(FlightSizeTest, PlayersSquadronIsOnlyNotedWithThePlayerFirst) {
@@ -101,13 +117,14 @@ TEST_F(FlightSizeTest, RemovalIsNotedForEscortsAndOnceForEachRendezvous) {
   EXPECT_EQ(fakes::form.messages, std::vector{std::string(PlayerFlightLost)});
 
   run.LostEscortCount = run.LostRendezvousCount = 200;
-  EXPECT_THROW(RemoveFlight(run, 1), fakes::ProgramEnded);
+  const auto stopped = [this](Integer row) {
+    return Stopped(MassageStopped::Reason::ListOverflow, row, [&] { RemoveFlight(run, row); });
+  };
+  const std::string full = ": it holds 201 already; the mission file was not changed";
+  EXPECT_EQ(stopped(1), "Error # 9 LostRendezvousFlights has no room for flight 1" + full);
   RemoveFlight(run, 0);
-  EXPECT_THROW(RemoveFlight(run, 0), fakes::ProgramEnded);
+  EXPECT_EQ(stopped(0), "Error # 9 LostEscortFlights has no room for flight 5" + full);
   EXPECT_EQ(run.LostEscortCount + run.LostRendezvousCount, 402);
-  EXPECT_EQ(fakes::form.messages.back(),
-            "Error # 9 LostEscortFlights has no room for flight 5: it holds 201 already; "
-            "the mission file was not changed");
 }
 
 TEST_F(FlightSizeTest, SquadronsFillInTableOrderUpToTheirLimit) {

@@ -5,6 +5,7 @@
 #include "massage/mission_type.h"
 #include "massage/waypoint.h"
 #include "run_test.h"
+#include "state/altitude_bytes.h"
 
 namespace {
 

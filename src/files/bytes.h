@@ -8,23 +8,11 @@
 #include <string>
 #include <string_view>
 
-#include "files/failure.h"
+#include "state/failure.h"
+#include "state/little_endian.h"
 #include "state/types.h"
 
 namespace velmoran {
-
-constexpr Integer IntegerAt(const Byte* at) {
-  return static_cast<Integer>(at[0] | at[1] << 8);
-}
-
-constexpr Long LongAt(const Byte* at) {
-  return static_cast<Long>(at[0] | std::uint32_t{at[1]} << 8 | std::uint32_t{at[2]} << 16 | std::uint32_t{at[3]} << 24);
-}
-
-constexpr void PutLong(Byte* at, Long value) {
-  const auto bits = static_cast<std::uint32_t>(value);
-  for (int i = 0; i < 4; ++i) at[i] = static_cast<Byte>(bits >> (8 * i));
-}
 
 // Adds up the bytes that the fields take in the file.
 struct FieldWidths {

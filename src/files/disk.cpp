@@ -5,8 +5,8 @@
 #include <string>
 #include <system_error>
 
-#include "files/failure.h"
 #include "files/path.h"
+#include "state/failure.h"
 
 namespace velmoran {
 

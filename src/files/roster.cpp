@@ -1,6 +1,5 @@
 #include "files/roster.h"
 
-#include <algorithm>
 #include <span>
 #include <vector>
 
@@ -25,14 +24,6 @@ void SkipList(ByteCursor& cursor, const ByteCursor& record, Long row, Long count
   cursor.Take(count * entryWidth, "record", row);
 }
 
-// The squadron's row, the last of several; null when the roster doesn't hold it.
-const SquadRec* FindSquadron(const RunState& run, Long squadID) {
-  const auto last = run.Squadrons.rend() - SquadronsFilled;
-  const auto found = std::find_if(last, run.Squadrons.rend(),
-                                  [squadID](const SquadRec& squadron) { return squadron.squadID == squadID; });
-  return found == run.Squadrons.rend() ? nullptr : &*found;
-}
-
 }  // namespace
 
 void GetSquadInfo(RunState& run) {
@@ -52,15 +43,6 @@ void GetSquadInfo(RunState& run) {
     SkipList(cursor, start, row, LongAt(record + FirstCountAt), FirstEntryWidth);
     SkipList(cursor, start, row, LongAt(cursor.Take(SecondCountWidth, "record", row)), SecondEntryWidth);
   }
-}
-
-void GetNation(const RunState& run, Integer squadID, Integer& nation) {
-  if (const SquadRec* squadron = FindSquadron(run, squadID)) nation = squadron->nation;
-}
-
-void GetSquadName(const RunState& run, Long squadID, std::string_view& SquadName) {
-  const SquadRec* squadron = FindSquadron(run, squadID);
-  SquadName = squadron ? std::string_view(squadron->SquadName) : "Unknown";
 }
 
 }  // namespace velmoran

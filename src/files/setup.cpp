@@ -6,8 +6,8 @@
 #include <vector>
 
 #include "files/disk.h"
-#include "files/failure.h"
 #include "files/path.h"
+#include "state/failure.h"
 
 namespace velmoran {
 

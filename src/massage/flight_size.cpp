@@ -3,11 +3,12 @@
 #include <algorithm>
 #include <string>
 
-#include "files/failure.h"
-#include "files/roster.h"
+#include "massage/massage_stopped.h"
 #include "platform/platform.h"
+#include "state/failure.h"
 #include "state/numbering.h"
 #include "state/rnd.h"
+#include "state/roster.h"
 
 namespace velmoran {
 
@@ -16,12 +17,14 @@ namespace {
 constexpr Long LeastScaledSize = 2;
 constexpr Long NationZeroCap = 9;
 
-void Note(Table<Integer, MissionRows>& list, Integer& count, Long flightID, std::string_view name) {
+// Adds the FlightID to the list. row is the flight that is being removed.
+void Append(Table<Integer, MissionRows>& list, Integer& count, Long flightID, std::string_view name, Integer row) {
   if (count == MissionRows) {
-    ShowMessage(FailureText({FailureNumber::OutsideTable,
-                             std::string(name) + " has no room for flight " + std::to_string(flightID) + ": it holds " +
-                                 std::to_string(MissionRows) + " already; the mission file was not changed"}));
-    EndProgram(true);
+    throw MassageStopped{
+        MassageStopped::Reason::ListOverflow, row,
+        FailureText({FailureNumber::OutsideTable,
+                     std::string(name) + " has no room for flight " + std::to_string(flightID) + ": it holds " +
+                         std::to_string(MissionRows) + " already; the mission file was not changed"})};
   }
   list[count++] = Narrow(flightID);
 }
@@ -73,8 +76,8 @@ void AdjustFlightSize(RunState& run, Integer index) {
     }
   }
   if (size < 1 || size > Slots) {
-    ShowMessage("Invalid number of planes for flight" + std::to_string(index));
-    EndProgram(true);
+    throw MassageStopped{MassageStopped::Reason::InvalidSize, index,
+                         "Invalid number of planes for flight" + std::to_string(index)};
   }
   flight.NumAircraft = size;
 
@@ -87,12 +90,12 @@ void RemoveFlight(RunState& run, Integer index) {
   run.Removed[index] = TakenOut;
   if (flight.FlightID == run.PlayerFlight) ShowMessage(PlayerFlightLost);
   if (flight.MissionType == TypeEscort) {
-    Note(run.LostEscortFlights, run.LostEscortCount, flight.EscortedFlight, "LostEscortFlights");
+    Append(run.LostEscortFlights, run.LostEscortCount, flight.EscortedFlight, "LostEscortFlights", index);
     return;
   }
   for (Long k = 0; k < flight.WPCount; ++k) {
     if (flight.Waypoints[k].Action == ActionRendezvous) {
-      Note(run.LostRendezvousFlights, run.LostRendezvousCount, flight.FlightID, "LostRendezvousFlights");
+      Append(run.LostRendezvousFlights, run.LostRendezvousCount, flight.FlightID, "LostRendezvousFlights", index);
     }
   }
 }

@@ -13,14 +13,13 @@ inline constexpr std::string_view PlayerFlightLost =
 
 // Gives the flight in row index a new size, drawn between the limits of its mission type, and draws whether it is
 // taken out of play. A flight of the player's squadron is only noted in SquadFlights, with no draw. Writes Planes and
-// NumAircraft, and for a removal what RemoveFlight writes. A size outside 1 to 12 ends the program after a message,
-// with no file changed.
+// NumAircraft, and for a removal what RemoveFlight writes. Throws MassageStopped for a size outside 1 to 12.
 void AdjustFlightSize(RunState& run, Integer index);
 
 // Takes the flight in row index out of play and notes what that means for escorts: the flight that a removed escort
 // escorted in LostEscortFlights, a removed flight in LostRendezvousFlights once for each of its rendezvous waypoints.
-// A further call for the same flight notes it again. Tells the user when it is the player's flight. A list that is
-// full ends the program after a message, with no file changed.
+// A further call for the same flight notes it again. Tells the user when it is the player's flight. Throws
+// MassageStopped when a list is full.
 void RemoveFlight(RunState& run, Integer index);
 
 // Whether the flight is of the squadron of the flight in row PlayerFlight (0 to 200).

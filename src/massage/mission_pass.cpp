@@ -3,6 +3,7 @@
 #include "massage/altitude.h"
 #include "massage/mission_type.h"
 #include "massage/waypoint.h"
+#include "state/altitude_bytes.h"
 #include "state/numbering.h"
 #include "state/rnd.h"
 

@@ -1,8 +1,8 @@
 #include "massage/mission_type.h"
 
-#include "files/roster.h"
 #include "state/numbering.h"
 #include "state/rnd.h"
+#include "state/roster.h"
 
 namespace velmoran {
 

@@ -2,10 +2,10 @@
 
 #include <algorithm>
 
-#include "files/roster.h"
 #include "massage/flight_size.h"
 #include "state/numbering.h"
 #include "state/rnd.h"
+#include "state/roster.h"
 
 namespace velmoran {
 

@@ -5,10 +5,10 @@
 #include <charconv>
 #include <string_view>
 
-#include "files/roster.h"
-#include "massage/altitude.h"
 #include "report/names.h"
+#include "state/altitude_bytes.h"
 #include "state/numbering.h"
+#include "state/roster.h"
 
 namespace velmoran {
 

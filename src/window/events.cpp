@@ -6,14 +6,15 @@
 
 #include "files/campaign_date.h"
 #include "files/disk.h"
-#include "files/failure.h"
 #include "files/mission_file.h"
 #include "files/path.h"
 #include "files/roster.h"
 #include "files/setup.h"
+#include "massage/massage_stopped.h"
 #include "massage/plan_check.h"
 #include "massage/sequence.h"
 #include "report/report.h"
+#include "state/failure.h"
 #include "state/rnd.h"
 
 namespace velmoran {
@@ -92,10 +93,15 @@ void MassageB_Click(RunState& run) {
   try {
     CheckPlan(run);
   } catch (const Failure& failure) {
-    ShowRefusal(failure);
+    ShowRefusal({failure.number, std::string(FileName(run.MisPath)) + ", " + failure.description});
     return;
   }
-  RunMassage(run);
+  try {
+    RunMassage(run);
+  } catch (const MassageStopped& stopped) {
+    ShowMessage(stopped.message);
+    EndProgram(true);
+  }
   EnableButton(Button::OpenB, false);
   EnableButton(Button::MassageB, false);
   EnableButton(Button::ReportB, true);

@@ -17,7 +17,8 @@ void Form_Load(RunState& run);
 // used, no flight and no count changes, and Open can be pressed again; after Cancel nothing changes but MisPath.
 void OpenB_Click(RunState& run);
 
-// Massages the flights. A plan that the passes can't work on is refused with nothing changed.
+// Massages the flights. A plan that the passes can't work on is refused with nothing changed. A massage that can't be
+// finished ends the program after its message.
 void MassageB_Click(RunState& run);
 
 // Asks for a name and writes the report there; after Cancel, under the name that was offered. Changes nothing else.

@@ -1,5 +1,5 @@
-// What goes wrong with a file or with what stands in it. A Failure travels up to the event that started the work and
-// is shown there, once.
+// An input that the program refuses. A Failure is thrown where the fault is found, caught by the event that started
+// the work, and shown there, once.
 #pragma once
 
 #include <string>
@@ -10,14 +10,14 @@ namespace velmoran {
 
 // All failure numbers of the program.
 enum class FailureNumber : Integer {
-  Overflow = 6,      // a number that its field can't hold
-  OutsideTable = 9,  // a count or a row number that leads out of a table
-  NoNumber = 13,     // text where a number is due
+  Overflow = 6,      // a number that doesn't fit its field
+  OutsideTable = 9,  // a count or an index outside its table
+  NoNumber = 13,     // text where a number is expected
   FileNotFound = 53,
   DiskFull = 61,
   PastEndOfFile = 62,  // a file that ends before its last item
   PermissionDenied = 70,
-  FileAccess = 75,  // any other trouble with a path or a file
+  FileAccess = 75,  // any other problem with a path or a file
 };
 
 struct Failure {
@@ -25,7 +25,7 @@ struct Failure {
   std::string description;  // names the file, the place in it and the reason
 };
 
-// "Error # ", the number, a blank and the description: the text of the message box.
+// "Error # ", the number, a space and the description: the text of the message box.
 inline std::string FailureText(const Failure& failure) {
   return "Error # " + std::to_string(static_cast<Integer>(failure.number)) + " " + failure.description;
 }
