@@ -120,7 +120,8 @@ TEST_F(FlightSizeTest, RemovalIsNotedForEscortsAndOnceForEachRendezvous) {
   const auto stopped = [this](Integer row) {
     return Stopped(MassageStopped::Reason::ListOverflow, row, [&] { RemoveFlight(run, row); });
   };
-  const std::string full = ": it holds 201 already; the mission file was not changed";
+  const std::string full =
+      ": it holds 201 already. The mission file was not changed. Lower the odds of removal in Velmoran.ini.";
   EXPECT_EQ(stopped(1), "Error # 9 LostRendezvousFlights has no room for flight 1" + full);
   RemoveFlight(run, 0);
   EXPECT_EQ(stopped(0), "Error # 9 LostEscortFlights has no room for flight 5" + full);

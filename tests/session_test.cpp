@@ -80,11 +80,10 @@ TEST_F(SessionTest, PlayersSquadronOfThirteenFlights) {
   Bytes twice = Poked(crowd, 17, 1);  // flights 0 and 1 are both the player's: only the last one's pilots count
   for (std::size_t slot = 0; slot < 24; ++slot) twice = Poked(twice, 285 + slot / 12 * 364 + slot % 12 * 4, 5);
   EXPECT_EQ(MassageOf(twice), Messages{});
-  EXPECT_EQ(
-      MassageOf(Poked(crowd, 13, 14)),
-      Messages{
-          "Error # 9 campgn01.mis, player's squadron: number of flights beside the player's 13 is outside 0 to 12; "
-          "the mission file was not changed"});
+  EXPECT_EQ(MassageOf(Poked(crowd, 13, 14)),
+            Messages{"Error # 9 " + Native(mis) +
+                     ", player's squadron: number of flights beside the player's 13 is outside 0 to 12. "
+                     "No file was changed. Velmoran can't massage this plan: press Exit, and fly it as it is."});
 }
 
 TEST_F(SessionTest, PlansWithoutFlightsAndWithoutThePlayer) {
@@ -104,13 +103,16 @@ TEST_F(SessionTest, MessagesOfTheMassage) {
 TEST_F(SessionTest, ConsoleTranscript) {
   EXPECT_EQ(Console("\n \t \nMassage\nopen\n\n\topen \n../campaign/nothing.mis\nOPEN\r\n../campaign/campgn01.mis\r\n"
                     "help me\nreport\n\nmassage\nwrite\nexit\nopen\n"),
-            (Said{Read(VELMORAN_TEST_DATA "/console.txt"), true}));
+            (Said{Replaced(Read(VELMORAN_TEST_DATA "/console.txt"), "NOTHING", Native(root / "campaign/nothing.mis")),
+                  true}));
   EXPECT_TRUE(std::filesystem::remove("MissionReport.txt"));
   EXPECT_TRUE(Console("open\n../campaign/campgn02.mis\nreport").succeeded);  // the input ends in a dialog
   EXPECT_FALSE(std::filesystem::exists("MissionReport.txt"));
   std::filesystem::remove(ini);
-  EXPECT_EQ(Console(""),
-            (Said{"message: Error # 53 Velmoran.ini can't be opened: No such file or directory\n", false}));
+  EXPECT_EQ(Console(""), (Said{"message: Error # 53 " + Native(ini) +
+                                   " can't be opened: the file does not exist. Start Velmoran from its "
+                                   "own folder, with Velmoran.ini in it.\n",
+                               false}));
 }
 
 }  // namespace

@@ -33,7 +33,7 @@ struct Due {
 // Takes one item after another from the text of a setup file.
 class ItemReader {
  public:
-  explicit ItemReader(const std::string& path) : bytes_(ReadFile(path)), file_(FileName(path)) {
+  explicit ItemReader(const InputFile& file) : bytes_(file.ReadAll()), file_(Printable(file.Path())) {
     text_ = {reinterpret_cast<const char*>(bytes_.data()), bytes_.size()};
     if (text_.starts_with("\xEF\xBB\xBF")) text_.remove_prefix(3);
   }
@@ -88,7 +88,7 @@ class ItemReader {
     const char* end = digits.data() + digits.size();
     const auto [stop, error] = std::from_chars(digits.data(), end, number, std::chars_format::fixed);
     if (stop != end || error == std::errc::invalid_argument || !std::isfinite(number)) {
-      throw At(due, FailureNumber::NoNumber, Shown(item) + " is no number");
+      throw At(due, FailureNumber::NoNumber, Shown(item) + " is not a number");
     }
     if (error == std::errc::result_out_of_range) {
       const bool tiny = digits.find('.') < digits.find_first_of("123456789");
@@ -119,7 +119,9 @@ class ItemReader {
   }
 
   Failure At(const Due& due, FailureNumber number, const std::string& reason) const {
-    return {number, std::string(file_) + " line " + std::to_string(line_) + ": " + due.Text() + ": " + reason};
+    return {number, file_ + " line " + std::to_string(line_) + ": " + due.Text() + ": " + reason,
+            "Correct this item; if it is right, there is an item too many or too few further up (a decimal comma makes "
+            "two items)."};
   }
 
   std::vector<Byte> bytes_;
@@ -130,7 +132,7 @@ class ItemReader {
 };
 
 void ReadOddsAndLimits(RunState& run) {
-  ItemReader in("Velmoran.ini");
+  ItemReader in(InputFile("Velmoran.ini", "Start Velmoran from its own folder, with Velmoran.ini in it."));
   const auto skipHeadings = [&in] {
     in.Skip({"heading"});
     in.Skip({"heading"});
@@ -189,7 +191,9 @@ void ReadOddsAndLimits(RunState& run) {
 }
 
 void ReadAircraft(RunState& run) {
-  ItemReader in(run.DataPath + "\\Velmoran.txt");
+  ItemReader in(InputFile(run.DataPath + "\\Velmoran.txt",
+                          "Copy Velmoran.txt there. If that is the wrong folder: the tool's folder must have a name of "
+                          "eight characters and be beside the simulation's data folder."));
   in.Skip({"heading"});
   for (Long row = 0; row < AircraftFilled; ++row) {
     AircraftRec& aircraft = run.Aircraft[row];
