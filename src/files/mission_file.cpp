@@ -97,17 +97,14 @@ std::size_t BodyWidth(const MissionRec& flight, bool withLink) {
   return (withLink ? LinkWidth : 0) + WaypointWidth * static_cast<std::size_t>(flight.WPCount) + TailWidth;
 }
 
-std::string OutsideLimits(const std::string& what, Long value, Long most) {
-  return what + " " + std::to_string(value) + " is outside 0 to " + std::to_string(most);
-}
-
 // Walks all records, so that none is taken over from a file that turns out unsound further on.
 void CheckImage(const std::vector<Byte>& image, std::string_view file) {
   ByteCursor cursor(image, file);
   const ByteCursor header = cursor;
   const Long count = LongAt(cursor.Take(HeaderWidth, "header") + CountOffset);
   if (count < 0 || count > MissionRows) {
-    throw Failure{FailureNumber::OutsideTable, header.Place("header") + OutsideLimits(": count", count, MissionRows)};
+    throw Failure{FailureNumber::OutsideTable,
+                  header.Place("header") + ": " + OutsideText("count " + std::to_string(count), 0, MissionRows)};
   }
   MissionRec flight;
   for (Long row = 0; row < count; ++row) {
@@ -116,7 +113,8 @@ void CheckImage(const std::vector<Byte>& image, std::string_view file) {
     HeadFields(head, flight);
     if (flight.WPCount < 0 || flight.WPCount > WaypointRows) {
       throw Failure{FailureNumber::OutsideTable,
-                    record.Place("record", row) + OutsideLimits(": WPCount", flight.WPCount, WaypointRows)};
+                    record.Place("record", row) + ": " +
+                        OutsideText("WPCount " + std::to_string(flight.WPCount), 0, WaypointRows)};
     }
     cursor.Take(static_cast<std::int64_t>(BodyWidth(flight, LinkStandsInFile(flight))), "record", row);
   }

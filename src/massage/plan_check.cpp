@@ -15,9 +15,9 @@ namespace {
 // Requires the value to be within its limits. part is its place in the mission file, row the number of a record there.
 void CheckRange(std::string_view part, Long row, std::string_view field, Long value, Long least, Long most) {
   if (value >= least && value <= most) return;
-  throw Failure{FailureNumber::OutsideTable, std::string(part) + (row < 0 ? "" : " " + std::to_string(row)) + ": " +
-                                                 std::string(field) + " " + std::to_string(value) + " is outside " +
-                                                 std::to_string(least) + " to " + std::to_string(most)};
+  throw Failure{FailureNumber::OutsideTable,
+                std::string(part) + (row < 0 ? "" : " " + std::to_string(row)) + ": " +
+                    OutsideText(std::string(field) + " " + std::to_string(value), least, most)};
 }
 
 void CheckRow(const RunState& run, Integer row) {

@@ -40,8 +40,22 @@ constexpr std::string_view ReportName = "MissionReport.txt";
 constexpr int FolderNameLength = 8;  // of the folder that the tool runs in, beside the simulation's data folder
 constexpr int ExtensionLength = 3;
 
-void ShowHint(RunState& run, std::string_view hint) {
-  run.HintText = hint;
+// A state of the form: which buttons are enabled, and the hint. ExitB is always enabled.
+struct FormState {
+  bool openB, massageB, reportB, writeB;
+  std::string_view hint;
+};
+constexpr FormState Started{true, false, false, false, StartHint};
+constexpr FormState Opened{false, true, true, false, OpenedHint};
+constexpr FormState Massaged{false, false, true, true, MassagedHint};
+constexpr FormState Written{false, false, true, false, WrittenHint};
+
+void Enter(RunState& run, const FormState& state) {
+  EnableButton(Button::OpenB, state.openB);
+  EnableButton(Button::MassageB, state.massageB);
+  EnableButton(Button::ReportB, state.reportB);
+  EnableButton(Button::WriteB, state.writeB);
+  run.HintText = state.hint;
   SetHintText(run.HintText);
 }
 
@@ -64,10 +78,7 @@ void Form_Load(RunState& run) {
     ShowMessage(FailureText(failure));
     EndProgram(true);
   }
-  EnableButton(Button::MassageB, false);
-  EnableButton(Button::ReportB, false);
-  EnableButton(Button::WriteB, false);
-  ShowHint(run, StartHint);
+  Enter(run, Started);
 }
 
 void OpenB_Click(RunState& run) {
@@ -83,10 +94,7 @@ void OpenB_Click(RunState& run) {
     return;
   }
   SetTargetCaption(run.MisPath);
-  EnableButton(Button::OpenB, false);
-  EnableButton(Button::MassageB, true);
-  EnableButton(Button::ReportB, true);
-  ShowHint(run, OpenedHint);
+  Enter(run, Opened);
 }
 
 void MassageB_Click(RunState& run) {
@@ -102,11 +110,7 @@ void MassageB_Click(RunState& run) {
     ShowMessage(stopped.message);
     EndProgram(true);
   }
-  EnableButton(Button::OpenB, false);
-  EnableButton(Button::MassageB, false);
-  EnableButton(Button::ReportB, true);
-  EnableButton(Button::WriteB, true);
-  ShowHint(run, MassagedHint);
+  Enter(run, Massaged);
 }
 
 void ReportB_Click(RunState& run) {
@@ -126,11 +130,7 @@ void WriteB_Click(RunState& run) {
     ShowMessage(FailureText(failure) + "; the massaged flights are kept: mend the cause and press Write again");
     return;
   }
-  EnableButton(Button::OpenB, false);
-  EnableButton(Button::MassageB, false);
-  EnableButton(Button::ReportB, true);
-  EnableButton(Button::WriteB, false);
-  ShowHint(run, WrittenHint);
+  Enter(run, Written);
 }
 
 void ExitB_Click() {
