@@ -3,7 +3,8 @@
 
 #include <sstream>
 
-#include "massage/flight_size.h"
+#include "massage/removal.h"
+#include "massage/renumbering.h"
 #include "massage/sequence.h"
 #include "run_test.h"
 

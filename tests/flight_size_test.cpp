@@ -2,6 +2,7 @@
 #include "massage/flight_size.h"
 
 #include "massage/massage_stopped.h"
+#include "massage/removal.h"
 #include "massage/squadron_strength.h"
 #include "run_test.h"
 

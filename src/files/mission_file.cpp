@@ -107,7 +107,7 @@ void CheckImage(const std::vector<Byte>& image, std::string_view file) {
                   header.Place("header") + ": " + OutsideText("count " + std::to_string(count), 0, MissionRows)};
   }
   MissionRec flight;
-  for (Long row = 0; row < count; ++row) {
+  for (Integer row = 0; row < count; ++row) {
     const ByteCursor record = cursor;
     FieldReader head{cursor.Take(HeadWidth, "record", row)};
     HeadFields(head, flight);
@@ -128,18 +128,18 @@ void ReadMissions(RunState& run, const std::vector<Byte>& image) {
   HeaderFields(field, run);
   field(run.LoadedCount);
   run.MissionCount = run.LoadedCount;
-  for (Long row = 0; row < run.LoadedCount; ++row) {
+  for (Integer row = 0; row < run.LoadedCount; ++row) {
     MissionRec& flight = run.Missions[row];
     HeadFields(field, flight);
     if (LinkStandsInFile(flight)) field(flight.EscortedFlight);
-    for (Long k = 0; k < flight.WPCount; ++k) WaypointFields(field, flight.Waypoints[k]);
+    for (auto& waypoint : Route(flight)) WaypointFields(field, waypoint);
     TailFields(field, flight);
   }
 }
 
 std::vector<Byte> ComposeMissionImage(const RunState& run) {
   std::size_t size = HeaderWidth;
-  for (Long row = 0; row < run.LoadedCount; ++row) {
+  for (Integer row = 0; row < run.LoadedCount; ++row) {
     if (run.Removed[row] != InPlay) continue;
     const MissionRec& flight = run.Missions[row];
     size += HeadWidth + BodyWidth(flight, LinkIsWritten(flight));
@@ -149,12 +149,12 @@ std::vector<Byte> ComposeMissionImage(const RunState& run) {
   FieldWriter field{image.data()};
   HeaderFields(field, run);
   field(run.MissionCount);
-  for (Long row = 0; row < run.LoadedCount; ++row) {
+  for (Integer row = 0; row < run.LoadedCount; ++row) {
     if (run.Removed[row] != InPlay) continue;
     const MissionRec& flight = run.Missions[row];
     HeadFields(field, flight);
     if (LinkIsWritten(flight)) field(flight.EscortedFlight);
-    for (Long k = 0; k < flight.WPCount; ++k) WaypointFields(field, flight.Waypoints[k]);
+    for (auto& waypoint : Route(flight)) WaypointFields(field, waypoint);
     TailFields(field, flight);
   }
   return image;

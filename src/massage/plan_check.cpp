@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <string>
 
-#include "massage/flight_size.h"
 #include "state/failure.h"
 #include "state/numbering.h"
+#include "state/player.h"
 #include "state/roster.h"
 
 namespace velmoran {
@@ -25,7 +25,7 @@ void CheckRow(const RunState& run, Integer row) {
   CheckRange("record", row, "MissionType", flight.MissionType, 0, TypeRows - 1);
   CheckRange("record", row, "SquadID", flight.SquadID, 0, SquadronRows - 1);
   CheckRange("record", row, "Planes slot 0", flight.Planes[0], EmptySlot, AircraftRows - 1);
-  Integer nation = 0;
+  Integer nation = NationZero;
   GetNation(run, Narrow(flight.SquadID), nation);
   CheckRange("record", row, "the nation of its squadron in squadron.dat,", nation, 0, Nations - 1);
 }
@@ -39,8 +39,8 @@ void CheckPlayerSquadron(const RunState& run) {
   for (Integer row = 0; row < run.LoadedCount; ++row) {
     const MissionRec& flight = run.Missions[row];
     if (!InPlayerSquadron(run, flight)) continue;
-    if (flight.FlightID == run.PlayerFlight) {
-      ownPilots = PilotsOf(flight);  // of several such rows the last one counts
+    if (IsPlayerFlight(run, flight)) {
+      ownPilots = PilotsOf(flight);  // of several such rows, the last one counts
     } else {
       ++others;
       otherPilots += PilotsOf(flight);
