@@ -28,6 +28,7 @@ const Byte* At(const std::vector<Byte>& bytes, std::string_view file, Long offse
 }
 
 Long CountAt(const std::vector<Byte>& bytes, std::string_view file, Long offset, Long limit) {
+  // Quirk 28: 2 of the count's 4 bytes.
   const Long count = IntegerAt(At(bytes, file, offset, 2, "count of a list"));
   if (count < 0 || count > limit) {
     throw Failure{FailureNumber::OutsideTable,

@@ -137,8 +137,8 @@ class ItemReader {
 void ReadPeriods(ItemReader& in, RunState& run) {
   for (Long row = 0; row < PeriodsFilled; ++row) {
     PeriodRec& period = run.Periods[row];
-    in.Skip({"Periods", row, "label"});
-    for (Long nation = 0; nation < Nations - 1; ++nation) {
+    in.Skip({"Periods", row, "label"});                      // Quirk 21: unused, but its place counts.
+    for (Long nation = 0; nation < Nations - 1; ++nation) {  // Quirk 23: none for nation 4.
       period.SizeFactor[nation] = in.ReadDouble({"Periods", row, "SizeFactor", nation});
     }
     period.RemoveOdds = in.ReadDouble({"Periods", row, "RemoveOdds"});
@@ -154,7 +154,7 @@ void ReadClassOdds(ItemReader& in, RunState& run) {
     in.Skip({"ClassOdds", row, "label"});
     odds.Recon = in.ReadDouble({"ClassOdds", row, "first value"});
     odds.Spotting = in.ReadDouble({"ClassOdds", row, "second value"});
-    odds.Unused = in.ReadDouble({"ClassOdds", row, "third value"});
+    odds.Unused = in.ReadDouble({"ClassOdds", row, "third value"});  // Quirk 22: used by nothing.
   }
 }
 
@@ -204,7 +204,7 @@ void ReadAircraft(RunState& run) {
 }
 
 void ReadOddsAndLimits(RunState& run) {
-  ItemReader in("Velmoran.ini");
+  ItemReader in("Velmoran.ini");  // Quirk 11: in the current directory.
   const auto skipHeadings = [&in](int count) {
     for (int heading = 0; heading < count; ++heading) in.Skip({"heading"});
   };

@@ -69,8 +69,8 @@ void AdjustFlightSize(RunState& run, Integer index) {
 
   FitPlanes(flight, size, aircraft);
   if (size < 1 || size > Slots) {
-    // Quirk 4: no space before the number, which is the row.
     throw MassageStopped{MassageStopped::Reason::InvalidSize, index,
+                         // Quirk 4: no space before the number, which is the row.
                          "Invalid number of planes for flight" + std::to_string(index)};
   }
   flight.NumAircraft = size;

@@ -29,7 +29,7 @@ void AdjustFormations(RunState& run) {
 }
 
 void getBestFormationForAction(Byte Action, Long NumAircraft, Long FlightType, Long Target, Byte& Formation) {
-  if (NumAircraft == 1) {  // Quirk 63: whatever the action.
+  if (NumAircraft == 1) {  // Quirk 63: for every action.
     Formation = FormationEchelonRight;
     return;
   }

@@ -18,7 +18,7 @@ constexpr double MinLoiter = 8, LoiterRange = 10;  // ActionParam of a loiter, n
 void MassageMission(RunState& run, Integer index) {
   MissionRec& flight = run.Missions[index];
   Integer MissionType = Narrow(flight.MissionType);
-  // Quirk 34: row 0 for a flight of no planes, whatever its slots hold.
+  // Quirk 34: row 0 for a flight of no planes, even if slot 0 has one.
   const Integer Aircraft = flight.NumAircraft >= 1 ? AircraftOf(flight) : Integer{0};
 
   Integer ShiftFlag;

@@ -28,7 +28,7 @@ void Append(Table<Integer, MissionRows>& list, Integer& count, Long flightID, st
 
 void TakeOutOfPlay(RunState& run, Integer index) {
   run.Removed[index] = TakenOut;
-  // Quirk 3: a warning, whatever its text says. The massage goes on.
+  // Quirk 3: only a warning. The massage goes on.
   if (IsPlayerFlight(run, run.Missions[index])) ShowMessage(PlayerFlightLost);
 }
 

@@ -29,6 +29,7 @@ constexpr std::string_view OpenedHint =
     "You can also press Generate Report to get a report of mission paramaters before massaging";
 constexpr std::string_view MassagedHint =
     "Data massage complete.  Press Write to save the altered mission types and altitudes.  "
+    // Quirk 1: spelling kept.
     "You can also press Generate Report to get a report of mission paramaters after massaging";
 constexpr std::string_view WrittenHint =
     "Write complete.  Press Exit to exit the program.  "
@@ -70,6 +71,7 @@ void Form_Load(RunState& run) {
   run.MisPath.clear();
   SetInitialValues(run);
   run.WorkDir = CurrentDirectory();
+  // Quirk 10: with a folder name of any length.
   run.DataPath = DropLastCharacters(run.WorkDir, FolderNameLength) + "data\\simpatch";
   try {
     ReadSetup(run);
@@ -83,9 +85,10 @@ void Form_Load(RunState& run) {
 
 void OpenB_Click(RunState& run) {
   run.MisPath = ShowOpenDialog(run.WorkDir, AnyMissionFile);
-  if (run.MisPath == AnyMissionFile || run.MisPath.empty()) return;
+  if (run.MisPath == AnyMissionFile || run.MisPath.empty()) return;  // Quirk 13: this text means Cancel.
   try {
     const std::vector<Byte> image = ReadFile(run.MisPath);
+    // Quirk 14: with any extension.
     run.DatPath = DropLastCharacters(run.MisPath, ExtensionLength) + "dat";
     ReadCampaignDate(run);
     ReadMissions(run, image);
@@ -93,8 +96,8 @@ void OpenB_Click(RunState& run) {
     ShowRefusal(failure);
     return;
   }
-  SetTargetCaption(run.MisPath);
-  Enter(run, Opened);
+  SetTargetCaption(run.MisPath);  // Quirk 7: replaces "Target: " too.
+  Enter(run, Opened);             // Quirk 15: no way back, so Open resets nothing.
 }
 
 void MassageB_Click(RunState& run) {
@@ -114,6 +117,7 @@ void MassageB_Click(RunState& run) {
 }
 
 void ReportB_Click(RunState& run) {
+  // Quirk 16: Cancel gives the name that was offered.
   const std::string path = ShowSaveDialog(run.WorkDir, ReportName);
   const std::string report = ComposeReport(run);
   try {
@@ -125,7 +129,8 @@ void ReportB_Click(RunState& run) {
 
 void WriteB_Click(RunState& run) {
   try {
-    WriteFile(run.MisPath, ComposeMissionImage(run));  // all of it stands before the file is emptied
+    // Quirk 17: no question and no backup. The image is complete before the file is emptied.
+    WriteFile(run.MisPath, ComposeMissionImage(run));
   } catch (const Failure& failure) {
     ShowMessage(FailureText(failure) + "; the massaged flights are kept: mend the cause and press Write again");
     return;
