@@ -21,15 +21,12 @@ std::vector<Fault> Faults() {
   std::ifstream lines(VELMORAN_TEST_DATA "/faults.txt");
   for (std::string line; std::getline(lines, line);) {
     if (line.starts_with('#')) continue;
-    Fault fault;
-    fault.line = line;
-    for (std::string* column : {&fault.event, &fault.file, &fault.change}) {
-      const std::size_t end = line.find(" | ");
-      *column = line.substr(0, end);
-      line.erase(0, end + 3);
+    std::vector<std::string> columns;
+    for (std::size_t at = 0, end; at <= line.size(); at = end + 3) {
+      end = std::min(line.find(" | ", at), line.size());
+      columns.push_back(line.substr(at, end - at));
     }
-    fault.message = line;
-    faults.push_back(fault);
+    faults.push_back({line, columns.at(0), columns.at(1), columns.at(2), columns.at(3)});
   }
   return faults;
 }

@@ -27,34 +27,32 @@ TEST_F(FilesTest, EveryNumberOfTheSetupHasItsPlace) {
   const Bytes original = Read(ini);
   const std::size_t groups = original.find("\"SQUADRON GROUPS");
   ::Write(ini, Numbered(original.substr(0, groups), 1) + original.substr(groups));
-  ::Write(txt, Numbered(Read(txt), 1));
+  ::Write(txt, Numbered(Read(txt), 191));
   ASSERT_EQ(Load(), Messages{});
-  int next = 0;
+  std::vector<double> numbers;
+  const auto add = [&numbers](auto... values) { (numbers.push_back(values), ...); };
   for (Long row = 0; row < PeriodsFilled; ++row) {
     const PeriodRec& period = state->Periods[row];
-    for (Long nation = 0; nation < 4; ++nation) EXPECT_EQ(period.SizeFactor[nation], ++next);
-    EXPECT_EQ(period.RemoveOdds, ++next);
-    for (Long kind = 0; kind < 4; ++kind) EXPECT_EQ(period.GroupOdds[kind], ++next);
-    EXPECT_EQ(period.SizeFactor[4] + period.GroupOdds[4], 0);
+    for (Long nation = 0; nation < 4; ++nation) add(period.SizeFactor[nation]);
+    add(period.RemoveOdds);
+    for (Long kind = 0; kind < 4; ++kind) add(period.GroupOdds[kind]);
   }
-  for (const ClassOddsRec& odds : state->ClassOdds) {
-    for (const double value : {odds.Recon, odds.Spotting, odds.Unused}) EXPECT_EQ(value, ++next);
-  }
+  for (const ClassOddsRec& odds : state->ClassOdds) add(odds.Recon, odds.Spotting, odds.Unused);
   for (Long row = 0; row < TypesFilled; ++row) {
     const MissionDefRec& def = state->MissionDefs[row];
-    for (const Integer value : {def.MinAlt, def.MaxAlt, def.MinPlanes, def.MaxPlanes}) EXPECT_EQ(value, ++next);
+    add(def.MinAlt, def.MaxAlt, def.MinPlanes, def.MaxPlanes);
   }
   for (Long row = 0; row < TypesFilled; ++row) {
-    for (Long nation = 0; nation < 4; ++nation) EXPECT_EQ(state->TypeOdds[row].Odds[nation], ++next);
+    for (Long nation = 0; nation < 4; ++nation) add(state->TypeOdds[row].Odds[nation]);
   }
-  EXPECT_EQ(Join(state->SquadGroups[1].Squads) + " " + Join(state->SquadGroups[2].Squads),
-            "83,90,-1,-1,0 121,124,127,130,0");
-  EXPECT_EQ(Join(std::vector{state->GroupCount, state->SquadGroups[1].Kind, state->SquadGroups[3].Kind}), "3,1,-1");
-  next = 0;
   for (Long row = 0; row < AircraftFilled; ++row) {
     const AircraftRec& aircraft = state->Aircraft[row];
-    for (const Integer value : {aircraft.AircraftClass, aircraft.MinAlt, aircraft.MaxAlt}) EXPECT_EQ(value, ++next);
+    add(aircraft.AircraftClass, aircraft.MinAlt, aircraft.MaxAlt);
   }
+  for (std::size_t i = 0; i < numbers.size(); ++i) EXPECT_EQ(numbers[i], i + 1);
+  EXPECT_EQ(numbers.size(), 7U * 9 + 5 * 3 + 14 * 4 + 14 * 4 + 43 * 3);
+  EXPECT_EQ(Join(state->SquadGroups[2].Squads), "121,124,127,130,0");
+  EXPECT_EQ(Join(std::vector{state->GroupCount, state->SquadGroups[1].Kind, state->SquadGroups[3].Kind}), "3,1,-1");
   EXPECT_EQ(state->Aircraft[0].AircraftName + ", " + state->Aircraft[42].AircraftName,
             "Brandauer E.I, Castlemore 9 Day");
 }

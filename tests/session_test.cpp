@@ -97,20 +97,6 @@ TEST_F(SessionTest, FullListOfLostFlightsEndsTheProgram) {
                       "failed"}));
 }
 
-TEST_F(SessionTest, PlayersSquadronOfThirteenFlights) {
-  Bytes crowd = Poked(sound.substr(0, 17), 13, 13);  // of squadron 85, without waypoints and pilots
-  for (int row = 0; row < 14; ++row) crowd += Poked(Poked(sound.substr(17, 216), 0, row), 192, 0) + Bytes(148, '\xFF');
-  EXPECT_EQ(MassageOf(crowd), Messages{});
-  Bytes twice = Poked(crowd, 17, 1);  // flights 0 and 1 are both the player's: only the last one's pilots count
-  for (std::size_t slot = 0; slot < 24; ++slot) twice = Poked(twice, 285 + slot / 12 * 364 + slot % 12 * 4, 5);
-  EXPECT_EQ(MassageOf(twice), Messages{});
-  EXPECT_EQ(
-      MassageOf(Poked(crowd, 13, 14)),
-      Messages{
-          "Error # 9 campgn01.mis, player's squadron: number of flights beside the player's 13 is outside 0 to 12; "
-          "the mission file was not changed"});
-}
-
 TEST_F(SessionTest, PlansWithoutFlightsAndWithoutThePlayer) {
   EXPECT_EQ(MassageOf(Poked(Poked(sound, 13, 0), 8, -99)), Messages{});
   EXPECT_EQ(Press(WriteB_Click), Messages{});
