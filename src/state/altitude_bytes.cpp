@@ -16,6 +16,7 @@ void SetWPAltitude(Long& AltBytes, Integer altitude) {
   Table<Byte, 4> bytes;
   LongtoByte(AltBytes, bytes);
   bytes[1] = static_cast<Byte>(altitude / ByteUnit);
+  // Quirk 38: rounded down to a multiple of 32.
   bytes[0] = static_cast<Byte>(altitude % ByteUnit / HighUnit * Nibble + altitude % HighUnit / LowUnit);
   ByteToLong(AltBytes, bytes);
 }

@@ -6,7 +6,7 @@
 namespace velmoran {
 
 // Stores the altitude (0 to 32767), rounded down to a multiple of 32, in the low 16 bits of AltBytes, in units of 32.
-// The high 16 bits stay as they are.
+// Leaves the high 16 bits unchanged.
 void SetWPAltitude(Long& AltBytes, Integer altitude);
 
 // The altitude in AltBytes, for any AltBytes: 0 to 2097120 in steps of 32.
