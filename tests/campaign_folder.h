@@ -42,6 +42,9 @@ inline Bytes Replaced(const Bytes& text, const Bytes& part, const Bytes& other) 
   return Bytes(text).replace(text.find(part), part.size(), other);
 }
 
+// The path in the system's own spelling.
+inline std::string Native(std::filesystem::path path) { return path.make_preferred().string(); }
+
 class CampaignFolder : public testing::Test {
  protected:
   CampaignFolder() {

@@ -51,6 +51,22 @@ Bytes Changed(Bytes bytes, const std::string& change) {
   return bytes;
 }
 
+const std::string Item =
+    "Correct this item; if it is right, there is an item too many or too few further up (a decimal comma makes two "
+    "items).";
+const std::string Folder =
+    "he tool's folder must have a name of eight characters and be beside the simulation's data folder.";
+const std::string Damaged = "If it is the right file, it is damaged: restore your copy of the campaign folder.";
+
+// What the user is told to do, by file or event: if the file is wrong, and if it is missing.
+const std::map<std::string, std::pair<std::string, std::string>> Advice{
+    {"ini", {Item, "Start Velmoran from its own folder, with Velmoran.ini in it."}},
+    {"txt", {Item, "Copy Velmoran.txt there. If that is the wrong folder: t" + Folder}},
+    {"roster", {"Replace it with an intact copy.", "It is part of the simulation. T" + Folder}},
+    {"mis", {Damaged, "Choose the mission file of your campaign, campgn??.mis."}},
+    {"dat", {Damaged, "The campaign file must be beside the mission file, with the extension dat."}},
+    {"massage", {"Velmoran can't massage this plan: press Exit, and fly it as it is.", ""}}};
+
 class FaultsTest : public CampaignFolder, public testing::WithParamInterface<Fault> {
  protected:
   // What the user sees, and what Write would write.
@@ -58,14 +74,17 @@ class FaultsTest : public CampaignFolder, public testing::WithParamInterface<Fau
   std::string Campaign() const {
     return fakes::Join(std::vector<Long>{state->CampaignDate, state->WarPeriod, state->ShiftAxis, state->TypeOddsGate});
   }
-  // The message of the line, or no message.
-  Messages Expected() const {
-    const std::string& message = GetParam().message;
+  // The message of the line, with the whole path for the file's name, and what the user is told to do; or no message.
+  Messages Expected(const std::filesystem::path& path) const {
+    const auto& [line, event, file, change, message] = GetParam();
     if (message == "none") return {};
     if (!message.starts_with("Error")) return {message, "failed"};  // a massage that has begun ends
-    if (GetParam().event != "load") return {message + "; the mission file was not changed"};
-    const std::size_t folder = message.find("ROOT/");
-    return {folder == Bytes::npos ? message : Replaced(message, "ROOT/", (root / "").string()), "failed"};
+    const std::filesystem::path named = event == "massage" ? mis : path;
+    const std::string whole = Replaced(message, named.filename().string(), Native(named)) + ". ";
+    const auto& [advice, adviceIfMissing] = Advice.at(event == "massage" ? event : file);
+    const std::string unchanged = event == "load" ? "" : "No file was changed. ";
+    const Messages shown{whole + unchanged + (change == "remove" ? adviceIfMissing : advice)};
+    return event == "load" ? Messages{shown[0], "failed"} : shown;
   }
 };
 
@@ -78,14 +97,14 @@ TEST_P(FaultsTest, IsReported) {
   change == "remove" ? void(std::filesystem::remove(path)) : ::Write(path, faulty);
 
   if (event == "load") {
-    EXPECT_EQ(Load(), Expected());
+    EXPECT_EQ(Load(), Expected(path));
   } else {
     ASSERT_EQ(Load(), Messages{});
     if (event == "massage") {
       EXPECT_EQ(Open(), Messages{});
     }
     const std::string visible = Visible(), campaign = Campaign();
-    EXPECT_EQ(event == "open" ? Open() : Press(MassageB_Click), Expected());
+    EXPECT_EQ(event == "open" ? Open() : Press(MassageB_Click), Expected(path));
     if (message.starts_with("Error")) {
       EXPECT_TRUE(Visible() == visible);
       EXPECT_TRUE(path != dat || Campaign() == campaign);

@@ -114,7 +114,8 @@ TEST_F(FlightSizeTest, RemovalIsListedForEscortsAndOnceForEachRendezvous) {
   EXPECT_EQ(fakes::form.messages, std::vector{std::string(PlayerFlightLost)});
 
   run.LostEscortCount = run.LostRendezvousCount = 200;
-  const std::string full = ": it holds 201 already; the mission file was not changed";
+  const std::string full =
+      ": it holds 201 already. The mission file was not changed. Lower the odds of removal in Velmoran.ini.";
   EXPECT_EQ(Stopped(RemoveFlight, 1, MassageStopped::Reason::ListOverflow),
             "Error # 9 LostRendezvousFlights has no room for flight 1" + full);
   RemoveFlight(run, 0);

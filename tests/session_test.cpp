@@ -81,8 +81,8 @@ TEST_F(SessionTest, FullListOfLostFlightsEndsTheProgram) {
     for (WaypointRec& waypoint : Route(flight)) waypoint.Action = ActionRendezvous;
   }
   EXPECT_EQ(Press(MassageB_Click),
-            (Messages{"Error # 9 LostRendezvousFlights has no room for flight 7: it holds 201 already; "
-                      "the mission file was not changed",
+            (Messages{"Error # 9 LostRendezvousFlights has no room for flight 7: it holds 201 already. The "
+                      "mission file was not changed. Lower the odds of removal in Velmoran.ini.",
                       "failed"}));
 }
 
@@ -103,13 +103,16 @@ TEST_F(SessionTest, MessagesOfTheMassage) {
 TEST_F(SessionTest, ConsoleTranscript) {
   EXPECT_EQ(Console("\n \t \nMassage\nopen\n\n\topen \n../campaign/nothing.mis\nOPEN\r\n../campaign/campgn01.mis\r\n"
                     "help me\nreport\n\nmassage\nwrite\nexit\nopen\n"),
-            (Said{Read(VELMORAN_TEST_DATA "/console.txt"), true}));
+            (Said{Replaced(Read(VELMORAN_TEST_DATA "/console.txt"), "NOTHING", Native(root / "campaign/nothing.mis")),
+                  true}));
   EXPECT_TRUE(std::filesystem::remove("MissionReport.txt"));
   EXPECT_TRUE(Console("open\n../campaign/campgn02.mis\nreport").succeeded);  // the input ends in a dialog
   EXPECT_FALSE(std::filesystem::exists("MissionReport.txt"));
   std::filesystem::remove(ini);
-  EXPECT_EQ(Console(""),
-            (Said{"message: Error # 53 Velmoran.ini can't be opened: No such file or directory\n", false}));
+  EXPECT_EQ(Console(""), (Said{"message: Error # 53 " + Native(ini) +
+                                   " can't be opened: the file does not exist. Start Velmoran from its "
+                                   "own folder, with Velmoran.ini in it.\n",
+                               false}));
 }
 
 }  // namespace

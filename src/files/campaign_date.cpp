@@ -49,8 +49,9 @@ Integer PeriodOf(std::int64_t days) {
 }  // namespace
 
 void ReadCampaignDate(RunState& run) {
-  const std::vector<Byte> bytes = ReadFile(run.DatPath);
-  const std::string_view file = FileName(run.DatPath);
+  const InputFile input(run.DatPath, "The campaign file must be beside the mission file, with the extension dat.");
+  const std::vector<Byte> bytes = input.ReadAll();
+  const std::string file = Printable(input.Path());
   const Long date = LongAt(At(bytes, file, DateAt, 4, "date"));
   const Integer gate = IntegerAt(At(bytes, file, GateAt, 2, "first control word"));
   const Long first = CountAt(bytes, file, FirstCountAt, FirstListLimit);

@@ -1,7 +1,6 @@
 #include "files/mission_file.h"
 
 #include "files/bytes.h"
-#include "files/path.h"
 #include "state/numbering.h"
 
 namespace velmoran {
@@ -121,8 +120,8 @@ void CheckImage(const std::vector<Byte>& image, std::string_view file) {
 
 }  // namespace
 
-void ReadMissions(RunState& run, const std::vector<Byte>& image) {
-  CheckImage(image, FileName(run.MisPath));
+void ReadMissions(RunState& run, const std::vector<Byte>& image, std::string_view file) {
+  CheckImage(image, file);
   FieldReader field{image.data()};
   HeaderFields(field, run);
   field(run.LoadedCount);

@@ -27,9 +27,12 @@ void SkipList(ByteCursor& cursor, const ByteCursor& record, Long row, Long count
 }  // namespace
 
 void GetSquadInfo(RunState& run) {
-  const std::string path = run.DataPath + "\\squadron.dat";
-  const std::vector<Byte> bytes = ReadFile(path);
-  ByteCursor cursor(bytes, FileName(path));
+  const InputFile input(run.DataPath + "\\squadron.dat",
+                        "It is part of the simulation. The tool's folder must have a name of eight characters and be "
+                        "beside the simulation's data folder.");
+  const std::vector<Byte> bytes = input.ReadAll();
+  const std::string file = Printable(input.Path());
+  ByteCursor cursor(bytes, file);
   for (Long row = 0; row < SquadronsFilled; ++row) {
     const ByteCursor start = cursor;
     const Byte* record = cursor.Take(FixedWidth, "record", row);

@@ -34,7 +34,7 @@ struct ItemName {
 // fails.
 class ItemReader {
  public:
-  explicit ItemReader(const std::string& path) : bytes_(ReadFile(path)), file_(FileName(path)) {
+  explicit ItemReader(const InputFile& file) : bytes_(file.ReadAll()), file_(Printable(file.Path())) {
     text_ = {reinterpret_cast<const char*>(bytes_.data()), bytes_.size()};
     if (text_.starts_with("\xEF\xBB\xBF")) text_.remove_prefix(3);
   }
@@ -92,7 +92,7 @@ class ItemReader {
     const char* end = digits.data() + digits.size();
     const auto [stop, error] = std::from_chars(digits.data(), end, number, std::chars_format::fixed);
     if (stop != end || error == std::errc::invalid_argument || !std::isfinite(number)) {
-      throw FailureAt(name, FailureNumber::NoNumber, Quoted(item) + " is no number");
+      throw FailureAt(name, FailureNumber::NoNumber, Quoted(item) + " is not a number");
     }
     if (error == std::errc::result_out_of_range) {
       const bool tiny = digits.find('.') < digits.find_first_of("123456789");
@@ -124,7 +124,9 @@ class ItemReader {
   }
 
   Failure FailureAt(const ItemName& name, FailureNumber number, const std::string& reason) const {
-    return {number, std::string(file_) + " line " + std::to_string(line_) + ": " + name.Text() + ": " + reason};
+    return {number, file_ + " line " + std::to_string(line_) + ": " + name.Text() + ": " + reason,
+            "Correct this item; if it is right, there is an item too many or too few further up (a decimal comma makes "
+            "two items)."};
   }
 
   std::vector<Byte> bytes_;
@@ -191,7 +193,9 @@ void ReadSquadGroups(ItemReader& in, RunState& run) {
 }
 
 void ReadAircraft(RunState& run) {
-  ItemReader in(run.DataPath + "\\Velmoran.txt");
+  ItemReader in(InputFile(run.DataPath + "\\Velmoran.txt",
+                          "Copy Velmoran.txt there. If that is the wrong folder: the tool's folder must have a name of "
+                          "eight characters and be beside the simulation's data folder."));
   in.Skip({"heading"});
   for (Long row = 0; row < AircraftFilled; ++row) {
     AircraftRec& aircraft = run.Aircraft[row];
@@ -204,7 +208,8 @@ void ReadAircraft(RunState& run) {
 }
 
 void ReadOddsAndLimits(RunState& run) {
-  ItemReader in("Velmoran.ini");  // Quirk 11: in the current directory.
+  // Quirk 11: in the current directory.
+  ItemReader in(InputFile("Velmoran.ini", "Start Velmoran from its own folder, with Velmoran.ini in it."));
   const auto skipHeadings = [&in](int count) {
     for (int heading = 0; heading < count; ++heading) in.Skip({"heading"});
   };

@@ -19,7 +19,8 @@ void Append(Table<Integer, MissionRows>& list, Integer& count, Long flightID, st
         MassageStopped::Reason::ListOverflow, row,
         FailureText({FailureNumber::OutsideTable,
                      std::string(name) + " has no room for flight " + std::to_string(flightID) + ": it holds " +
-                         std::to_string(MissionRows) + " already; the mission file was not changed"})};
+                         std::to_string(MissionRows) + " already. The mission file was not changed",
+                     "Lower the odds of removal in Velmoran.ini."})};
   }
   list[count++] = Narrow(flightID);
 }

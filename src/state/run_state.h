@@ -29,7 +29,9 @@ struct RunState {
   std::string WorkDir;        // directory at start; where the file dialogs begin
   std::string DataPath;       // the simulation's data folder, no trailing separator
   std::string MisPath;        // the mission file, as entered in the open dialog
+  std::string MissionFile;    // the file that Open found there: its whole path, in the system's own spelling
   std::string DatPath;        // the campaign file beside it
+  bool WriteFailed = false;   // by the last Write
   std::string_view HintText;  // always one of the fixed hints of window/events.cpp
 
   // Image of the mission file.

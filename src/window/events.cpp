@@ -1,7 +1,9 @@
 #include "window/events.h"
 
+#include <new>
 #include <span>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "files/campaign_date.h"
@@ -60,40 +62,54 @@ void Enter(RunState& run, const FormState& state) {
   SetHintText(run.HintText);
 }
 
-void ShowRefusal(const Failure& failure) {
-  ShowMessage(FailureText(failure) + "; the mission file was not changed");
+// Shows a failure after which no file has changed.
+void ShowRefusal(Failure failure, std::string_view advice) {
+  failure.description += ". No file was changed";
+  if (failure.advice.empty()) failure.advice = advice;
+  ShowMessage(FailureText(failure));
 }
 
 }  // namespace
 
 void Form_Load(RunState& run) {
-  SeedRnd(run);
-  run.MisPath.clear();
-  SetInitialValues(run);
-  run.WorkDir = CurrentDirectory();
-  // Quirk 10: with a folder name of any length.
-  run.DataPath = DropLastCharacters(run.WorkDir, FolderNameLength) + "data\\simpatch";
   try {
+    SeedRnd(run);
+    run.MisPath.clear();
+    SetInitialValues(run);
+    run.WorkDir = CurrentDirectory();
+    // Quirk 10: with a folder name of any length.
+    run.DataPath = DropLastCharacters(run.WorkDir, FolderNameLength) + "data\\simpatch";
     ReadSetup(run);
     GetSquadInfo(run);
-  } catch (const Failure& failure) {
+  } catch (Failure& failure) {
+    if (failure.advice.empty()) failure.advice = "Replace it with an intact copy.";
     ShowMessage(FailureText(failure));
+    EndProgram(true);
+  } catch (const std::bad_alloc&) {
+    ShowMessage(NotEnoughMemoryToStart);
     EndProgram(true);
   }
   Enter(run, Started);
 }
 
 void OpenB_Click(RunState& run) {
-  run.MisPath = ShowOpenDialog(run.WorkDir, AnyMissionFile);
-  if (run.MisPath == AnyMissionFile || run.MisPath.empty()) return;  // Quirk 13: this text means Cancel.
   try {
-    const std::vector<Byte> image = ReadFile(run.MisPath);
+    run.MisPath = ShowOpenDialog(run.WorkDir, AnyMissionFile);
+    if (run.MisPath == AnyMissionFile || run.MisPath.empty()) return;  // Quirk 13: this text means Cancel.
+    const InputFile file(run.MisPath, "Choose the mission file of your campaign, campgn??.mis.");
+    std::string path = file.Path();
+    const std::string shownPath = Printable(path);
     // Quirk 14: with any extension.
     run.DatPath = DropLastCharacters(run.MisPath, ExtensionLength) + "dat";
     ReadCampaignDate(run);
-    ReadMissions(run, image);
+    ReadMissions(run, file.ReadAll(), shownPath);
+    run.MissionFile = std::move(path);
   } catch (const Failure& failure) {
-    ShowRefusal(failure);
+    ShowRefusal(failure, "If it is the right file, it is damaged: restore your copy of the campaign folder.");
+    return;
+  } catch (const std::bad_alloc&) {
+    ShowMessage(
+        "Error # 7 Not enough memory to open the file. No file was changed. Close other programs and try again.");
     return;
   }
   SetTargetCaption(run.MisPath);  // Quirk 7: replaces "Target: " too.
@@ -101,10 +117,16 @@ void OpenB_Click(RunState& run) {
 }
 
 void MassageB_Click(RunState& run) {
+  constexpr std::string_view NotEnoughMemory =
+      "Error # 7 Not enough memory for the massage. No file was changed. Close other programs and try again.";
   try {
     CheckPlan(run);
   } catch (const Failure& failure) {
-    ShowRefusal({failure.number, std::string(FileName(run.MisPath)) + ", " + failure.description});
+    ShowRefusal({failure.number, Printable(run.MissionFile) + ", " + failure.description},
+                "Velmoran can't massage this plan: press Exit, and fly it as it is.");
+    return;
+  } catch (const std::bad_alloc&) {
+    ShowMessage(NotEnoughMemory);
     return;
   }
   try {
@@ -112,34 +134,54 @@ void MassageB_Click(RunState& run) {
   } catch (const MassageStopped& stopped) {
     ShowMessage(stopped.message);
     EndProgram(true);
+  } catch (const std::bad_alloc&) {  // for the text of MassageStopped
+    ShowMessage(NotEnoughMemory);
+    EndProgram(true);
   }
   Enter(run, Massaged);
 }
 
 void ReportB_Click(RunState& run) {
-  // Quirk 16: Cancel gives the name that was offered.
-  const std::string path = ShowSaveDialog(run.WorkDir, ReportName);
-  const std::string report = ComposeReport(run);
   try {
-    WriteFile(path, std::span(reinterpret_cast<const Byte*>(report.data()), report.size()));
-  } catch (const Failure& failure) {
+    // Quirk 16: Cancel gives the name that was offered.
+    const std::string path = ShowSaveDialog(run.WorkDir, ReportName);
+    const std::string report = ComposeReport(run);
+    WriteFile(PathForReport(path), std::span(reinterpret_cast<const Byte*>(report.data()), report.size()), Flush::No);
+  } catch (Failure& failure) {
+    failure.advice = "Remove the cause, or choose another name or folder for the report.";
     ShowMessage(FailureText(failure));
+  } catch (const std::bad_alloc&) {
+    ShowMessage(
+        "Error # 7 Not enough memory: the report is missing or incomplete. Close other programs and try again.");
   }
 }
 
 void WriteB_Click(RunState& run) {
+  run.WriteFailed = true;
+  bool emptied = false;
   try {
-    // Quirk 17: no question and no backup. The image is complete before the file is emptied.
-    WriteFile(run.MisPath, ComposeMissionImage(run));
-  } catch (const Failure& failure) {
-    ShowMessage(FailureText(failure) + "; the massaged flights are kept: mend the cause and press Write again");
+    const std::vector<Byte> image = ComposeMissionImage(run);  // complete before the file is emptied
+    emptied = true;
+    // Quirk 17: no question and no backup.
+    WriteFile(run.MissionFile, image, Flush::ToDisk);
+    run.WriteFailed = false;
+  } catch (Failure& failure) {
+    failure.advice = "The massaged flights are kept: remove the cause, and press Write again before you exit.";
+    ShowMessage(FailureText(failure));
+    return;
+  } catch (const std::bad_alloc&) {
+    ShowMessage(emptied
+                    ? "Error # 7 Not enough memory. The mission file may be incomplete now. The massaged flights are "
+                      "kept: close other programs, and press Write again before you exit."
+                    : "Error # 7 Not enough memory. No file was changed. The massaged flights are kept: close other "
+                      "programs, and press Write again before you exit.");
     return;
   }
   Enter(run, Written);
 }
 
-void ExitB_Click() {
-  EndProgram(false);
+void ExitB_Click(const RunState& run) {
+  EndProgram(run.WriteFailed);
 }
 
 void Press(RunState& run, Button button) {
@@ -153,7 +195,7 @@ void Press(RunState& run, Button button) {
     case Button::WriteB:
       return WriteB_Click(run);
     case Button::ExitB:
-      ExitB_Click();
+      ExitB_Click(run);
   }
 }
 
