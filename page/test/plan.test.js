@@ -1,5 +1,5 @@
-// Tests plan.html in Chromium. The truth about real reports comes from the mission files' bytes: each flight gets a
-// number of its own in bytes that the massage carries through.
+// Tests plan.html in Chromium. What it says of real reports is compared with the mission files' bytes, in which each
+// flight has a number of its own that the massage carries through.
 const assert = require("node:assert/strict");
 const { spawnSync } = require("node:child_process");
 const fs = require("node:fs");
@@ -10,53 +10,54 @@ const axe = require("axe-core");
 const { chromium } = require("playwright-core");
 
 const { CONSOLE, MAKE_SAMPLE, WORK } = process.env;
-const Repository = path.join(__dirname, "..", "..");
 const Massages = Number(process.env.MASSAGES ?? 80);
-const Types = ["Bomb", "Recon", "Attack", "Spotting", "CAP", "Barrage Patrol", "Balloon Bust", "Escort", "Balloon Defense",
-  "Infantry Defense", "Attack Support", "Barrage Support", "Offensive Patrol", "Lone Wolf"];
-const Sample = path.join(WORK, "sample"), Url = pathToFileURL(path.join(Repository, "page", "plan.html")).href;
+const Repository = path.join(__dirname, "..", ".."), Sample = path.join(WORK, "sample");
+const Url = pathToFileURL(path.join(Repository, "page", "plan.html")).href;
+const Types = ["Bomb", "Recon", "Attack", "Spotting", "CAP", "Barrage Patrol", "Balloon Bust", "Escort",
+  "Balloon Defense", "Infantry Defense", "Attack Support", "Barrage Support", "Offensive Patrol", "Lone Wolf"];
+
+const arrow = (was, is) => (is === undefined || was === is ? `${was}` : `${was} → ${is}`);
+const file = (name, buffer) => ({ name, mimeType: "text/plain", buffer: Buffer.from(buffer, "latin1") });
 
 // ---- Mission files
 
 function readMission(bytes) {
-  const flights = [], long = (at) => bytes.readInt32LE(at), longs = (at) => Array.from({ length: 12 }, (_, k) => long(at + 4 * k));
-  for (let at = 17, n = long(13); n > 0; n--) {
+  const flights = [], long = (at) => bytes.readInt32LE(at);
+  for (let at = 17, left = long(13); left > 0; left--) {
     const flight = { id: long(at), squadron: long(at + 4), type: Types[long(at + 20)], size: long(at + 28) };
     const count = long(at + 192), escorts = long(at + 204) > 0;
     if (escorts && flight.type === "Escort") flight.escorted = long(at + 216);
     at += escorts ? 220 : 216;
     flight.waypoints = Array.from({ length: count }, (_, k) => at + 46 * k).map((w) =>
-      ({ action: bytes[w + 41], altitude: 32 * bytes.readUInt16LE(w + 29), lon: long(w + 12), lat: long(w + 16) }));
+      ({ altitude: 32 * bytes.readUInt16LE(w + 29), lon: long(w + 12), lat: long(w + 16) }));
     at += 46 * count;
-    Object.assign(flight, { tagAt: at, tag: long(at), pilots: longs(at + 52).filter((pilot) => pilot !== -1) });
+    Object.assign(flight, { tagAt: at, tag: long(at) });
+    flight.pilots = Array.from({ length: 12 }, (_, k) => long(at + 52 + 4 * k)).filter((pilot) => pilot !== -1);
     flights.push(flight);
     at += 148;
   }
   return { player: long(8), flights };
 }
 
-function randoms(seed) {
-  return () => (seed = (Math.imul(seed, 1664525) + 1013904223) >>> 0) / 2 ** 32;
-}
-
-// Massages a day of the sample with odds, date, shift and player's flight that follow from the seed; 0 changes nothing.
-function massage(mission, seed) {
-  const folder = path.join(WORK, `massage-${mission}-${seed}`), random = randoms(seed);
+// Massages a day of the sample, with odds, date, shift and player's flight by the seed; with 0 as they are.
+function massage(mission, seed = 0) {
+  let state = seed;
+  const random = () => (state = (Math.imul(state, 1664525) + 1013904223) >>> 0) / 2 ** 32;
+  const folder = path.join(WORK, "massage"), of = (name) => path.join(folder, name);
+  const edit = (name, change) => fs.writeFileSync(of(name), change(fs.readFileSync(of(name))));
+  const mis = `campaign/${mission}.mis`;
   fs.rmSync(folder, { recursive: true, force: true });
   fs.cpSync(Sample, folder, { recursive: true });
-  const edit = (file, change) => fs.writeFileSync(path.join(folder, file), change(fs.readFileSync(path.join(folder, file))));
-  const mis = `campaign/${mission}.mis`, dat = `campaign/${mission}.dat`;
   edit(mis, (bytes) => {
-    const { flights } = readMission(bytes), pilotsOf = (squadron) =>
-      flights.reduce((sum, flight) => sum + (flight.squadron === squadron ? flight.pilots.length : 0), 0);
-    flights.forEach((flight, k) => bytes.writeInt32LE(1000 + k, flight.tagAt));
-    const players = flights.filter((flight) => pilotsOf(flight.squadron) <= 13);  // as many as the tool takes
+    const { flights } = readMission(bytes);
+    flights.forEach(({ tagAt }, k) => bytes.writeInt32LE(1000 + k, tagAt));
+    const pilots = (squadron) => flights.filter((one) => one.squadron === squadron).flatMap((one) => one.pilots).length;
+    const players = flights.filter(({ squadron }) => pilots(squadron) <= 13);  // as many as the tool takes
     if (seed) bytes.writeInt32LE(players[Math.floor(random() * players.length)].id, 8);
     return bytes;
   });
-  const before = readMission(fs.readFileSync(path.join(folder, mis)));
   if (seed) {
-    edit(dat, (bytes) => {
+    edit(`campaign/${mission}.dat`, (bytes) => {
       bytes.writeInt32LE(2420496 + Math.floor(random() * 1400), 3200);
       bytes.writeInt16LE(Math.floor(random() * 5), 3460);
       return bytes;
@@ -64,73 +65,58 @@ function massage(mission, seed) {
     const spread = random() * 1.3;
     edit("velmoran/Velmoran.ini", (text) => `${text}`.replace(/\d\.\d\d/g, () => (random() * spread).toFixed(2)));
   }
+  const before = readMission(fs.readFileSync(of(mis)));
   const lines = ["open", `../${mis}`, "report", "before.txt", "massage", "report", "after.txt", "write", "exit", ""];
-  const run = spawnSync(CONSOLE, { cwd: path.join(folder, "velmoran"), input: lines.join("\n"), encoding: "latin1" });
+  const run = spawnSync(CONSOLE, { cwd: of("velmoran"), input: lines.join("\n"), encoding: "latin1" });
   assert.equal(run.status, 0, `seed ${seed}: ${run.stdout}`);
-  const report = (name) => ({ name, mimeType: "text/plain", buffer: fs.readFileSync(path.join(folder, "velmoran", name)) });
-  const result = { before, after: readMission(fs.readFileSync(path.join(folder, mis))),
-    reports: [report("before.txt"), report("after.txt")] };
-  fs.rmSync(folder, { recursive: true });
-  return result;
+  const reports = ["before.txt", "after.txt"].map((name) => file(name, fs.readFileSync(of(`velmoran/${name}`))));
+  return { before, after: readMission(fs.readFileSync(of(mis))), reports };
 }
 
-// What the page must say of a massage.
+// What the page must say of each flight before.
 function truthOf({ before, after }) {
-  const links = ({ flights }) => {
-    const of = new Map(flights.map(({ tag }) => [tag, []]));
-    for (const { tag, escorted } of flights) {
-      if (escorted === undefined) continue;
-      const target = flights.find(({ id }) => id === escorted)?.tag;
-      of.get(tag).push(`for ${target}`);
-      of.get(target)?.push(`by ${tag}`);
-    }
-    return of;
-  };
-  const escortsBefore = links(before), escortsAfter = links(after);
-  const side = (squadron) => squadron > 80, players = before.flights.find(({ id }) => id === before.player);
+  const escorts = ({ flights }, { id, escorted }) => [flights.find((one) => one.id === escorted)?.tag,
+    ...flights.filter((one) => one.escorted === id).map((one) => one.tag)].join();
+  const players = before.flights.find(({ id }) => id === before.player), onSide0 = ({ squadron }) => squadron <= 80;
   return before.flights.map((was) => {
     const is = after.flights.find(({ tag }) => tag === was.tag);
-    const differs = (...names) => was.waypoints.some((w, k) => names.some((name) => w[name] !== is.waypoints[k][name]));
-    const changes = !is ? ["removed"] : Object.entries({
-      altitude: differs("altitude"), escort: `${escortsBefore.get(was.tag)}` !== `${escortsAfter.get(was.tag)}`,
-      route: differs("lon", "lat"), size: was.size !== is.size, type: was.type !== is.type,
-    }).filter(([, changed]) => changed).map(([kind]) => kind);
-    const arrow = (from, to) => (to === undefined || from === to ? `${from}` : `${from} → ${to}`);
-    return { before: `${was.id}`, after: is && `${is.id}`, changes, mySide: side(was.squadron) === side(players.squadron),
-      you: was === players, type: arrow(was.type, is?.type), size: arrow(was.size, is?.size) };
+    const moved = (...names) => was.waypoints.some((from, k) => names.some((n) => from[n] !== is.waypoints[k][n]));
+    const changes = !is ? { removed: true } : { altitude: moved("altitude"), route: moved("lon", "lat"),
+      escort: escorts(before, was) !== escorts(after, is), size: was.size !== is.size, type: was.type !== is.type };
+    return { numbers: [`${was.id}`, is && `${is.id}`], changes,
+      shown: [onSide0(was) === onSide0(players), was === players, arrow(was.type, is?.type), arrow(was.size, is?.size)] };
   });
 }
 
-function totalsOf({ flights }) {
-  const totals = { flights: flights.length, planes: 0, pilots: 0 };
-  for (const { size, pilots, type } of flights) {
-    totals.planes += size;
-    totals.pilots += pilots.length;
-    totals[type] = (totals[type] ?? 0) + 1;
-  }
+function totalsOf({ before, after }) {
+  const totals = {};
+  [before, after].forEach(({ flights }, k) => {
+    const add = (what, number) => { (totals[what] ??= [0, 0])[k] += number; };
+    for (const { size, pilots, type } of flights) {
+      add("flights", 1), add("planes", size), add("pilots", pilots.length), add(type, 1);
+    }
+  });
   return totals;
 }
 
 // ---- Made-up reports
 
-const place = (lon, lat = 0) => ({ lon, lat });
-// A flight of the report; route is a list of places.
-function flight(squadron, route, { type = "CAP", pilots = [1], plane = "Scout" } = {}) {
-  return { squadron, route, type, pilots, plane };
-}
+const at = (lon, lat = 0) => ({ lon, lat });
+const flight = (squadron, route, { type = "CAP", pilots = [1], plane = "Scout" } = {}) =>
+  ({ squadron, route, type, pilots, plane });
+
 function report(name, flights, { player = 0, squadrons = [["Alpha", 1]] } = {}) {
-  const blocks = flights.map(({ squadron, route, type, pilots, plane }, id) => [
+  const block = ({ squadron, route, type, pilots, plane }, id) => [
     `Mission:        ${id} `, `Squadron:      ${squadron}`, `Mission:       ${type}`, "Num Planes:     1 ", " ",
-    `    Plane: ${plane}`, " ", ...pilots.map((pilot) => `    Pilot:  ${pilot} `),
-    ...route.flatMap(({ lon, lat }, k) => [`    Altitude at Waypoint  ${k + 1} :  320 `, `    Lon at Waypoint  ${k + 1} :  ${lon} `,
-      `    Lat at Waypoint  ${k + 1} :  ${lat} `, `    Action at Waypoint     ${k + 1} :  4         Patrol`,
-      `    Formation at Waypoint  ${k + 1} :  9         In Trail`])]);
-  const lines = [`Player Flight ID :        ${player} `, `Mission Count    :        ${flights.length} `, " ", ...blocks.flat(),
-    " ", " ", " ", " ", " ", ...squadrons.map(([squadron, nation], id) =>
-      `Squadron: ${squadron}   ID    : ${id}   Nation: ${nation}   Planes: 1`), " ", " ", ""];
-  return { name, mimeType: "text/plain", buffer: Buffer.from(lines.join("\r\n"), "latin1") };
+    `    Plane: ${plane}`, " ", ...pilots.map((pilot) => `    Pilot:  ${pilot} `), ...route.flatMap(waypoint)];
+  const waypoint = ({ lon, lat }, k) => [
+    `    Altitude at Waypoint  ${k + 1} :  320 `, `    Lon at Waypoint  ${k + 1} :  ${lon} `,
+    `    Lat at Waypoint  ${k + 1} :  ${lat} `, `    Action at Waypoint     ${k + 1} :  4         Patrol`,
+    `    Formation at Waypoint  ${k + 1} :  9         In Trail`];
+  return file(name, [`Player Flight ID :        ${player} `, `Mission Count    :        ${flights.length} `, " ",
+    ...flights.flatMap(block), " ", " ", " ", " ", " ", ...squadrons.map(([squadron, nation], id) =>
+      `Squadron: ${squadron}   ID    : ${id}   Nation: ${nation}   Planes: 1`), " ", " ", ""].join("\r\n"));
 }
-const text = (name, content) => ({ name, mimeType: "text/plain", buffer: Buffer.from(content, "latin1") });
 
 // ---- The page
 
@@ -139,15 +125,21 @@ let browser, page, requests, faults;
 async function openPage(options = {}) {
   await page?.close();
   page = await browser.newPage({ viewport: { width: 1372, height: 869 }, ...options });
-  requests = [];
-  faults = [];
+  [requests, faults] = [[], []];
   page.on("request", (request) => requests.push(request.url()));
   page.on("console", (message) => faults.push(message.text()));
   page.on("pageerror", (error) => faults.push(error.message));
   await page.goto(Url);
 }
 
-// Gives the page the files; returns what it says.
+const read = () => page.evaluate(() => ({
+  message: document.querySelector("#message").textContent,
+  totals: [...document.querySelectorAll("#totals [data-what]")].map((entry) => ({ ...entry.dataset })),
+  rows: [...document.querySelectorAll("#flights tbody tr")].map((row) => ({
+    ...row.dataset, visible: !row.hidden, cells: [...row.cells].map((cell) => cell.textContent) })),
+}));
+
+// Gives the page the files; returns what it says then.
 async function give(...files) {
   const updates = await page.evaluate(() => Number(document.body.dataset.updates));
   await page.setInputFiles("#files", files);
@@ -155,32 +147,26 @@ async function give(...files) {
   return read();
 }
 
-const read = () => page.evaluate(() => ({
-  message: document.querySelector("#message").textContent,
-  totals: [...document.querySelectorAll("#totals [data-what]")].map((entry) => ({ ...entry.dataset })),
-  rows: [...document.querySelectorAll("#flights tbody tr")].map((row) => ({ ...row.dataset, hidden: row.hidden,
-    text: row.innerText, squadron: row.cells[1].textContent, type: row.cells[3].textContent, size: row.cells[4].textContent })),
-}));
-
-// The numbers before of the rows that each kind of change leaves, of both sides.
-const filterByKind = () => page.evaluate(() => {
+// The numbers before of the rows that each filter of changes leaves, of both sides.
+const filterByChange = () => page.evaluate(() => {
   const set = (id, name, value) => {
     document.getElementById(id)[name] = value;
     document.getElementById(id).dispatchEvent(new Event("input"));
   };
-  const side = document.getElementById("my-side").checked;
-  set("my-side", "checked", false);
   const found = {};
-  for (const { value } of [...document.getElementById("change").options].filter((option) => option.value)) {
+  set("my-side", "checked", false);
+  for (const { value } of document.getElementById("change").options) {
     set("change", "value", value);
     found[value] = [...document.querySelectorAll("#flights tbody tr:not([hidden])")].map((row) => row.dataset.before);
   }
   set("change", "value", "");
-  set("my-side", "checked", side);
+  set("my-side", "checked", true);
   return found;
 });
 
-const pairs = ({ rows }) => rows.map(({ before, after, certain }) => [before, after, certain].join(" "));
+const pairs = ({ rows }) =>
+  rows.map(({ before = "", after = "", certain }) => `${before}-${after} ${certain}`).join(", ");
+const isYou = ({ cells }) => cells[1].includes("(you");
 
 test.before(async () => {
   const made = spawnSync(MAKE_SAMPLE, [path.join(Repository, "sample"), Sample]);
@@ -189,43 +175,32 @@ test.before(async () => {
     "--no-first-run", "--disable-background-networking", "--disable-component-update", "--disable-sync"] });
   await openPage();
 });
-test.after(async () => {
-  await browser?.close();
-});
-// Whatever a test did, nothing but the page was asked for and nothing was logged or thrown.
+test.after(() => browser?.close());
 test.afterEach(() => {
-  assert.deepEqual(requests, [Url]);
-  assert.deepEqual(faults, []);
+  assert.deepEqual(requests, [Url], "only the page itself is requested");
+  assert.deepEqual(faults, [], "nothing is logged or thrown");
 });
 
-test("what the page says of a massage is what the mission files say", async (t) => {
+test("what the page says of massages is what the mission files say", async (t) => {
   let flights = 0, uncertain = 0, wrong = 0;
   for (let seed = 0; seed < Massages; seed++) {
     const made = massage(seed % 4 ? "campgn01" : "campgn02", seed), truth = truthOf(made);
-    const same = made.before.flights.length === made.after.flights.length;
-    const said = await give(...(seed % 2 ? made.reports : [...made.reports].reverse()));
+    const said = await give(...(seed % 2 ? made.reports : made.reports.reverse()));
     assert.equal(said.message, "", `seed ${seed}`);
+    const totals = said.totals.map(({ what, before, after }) => [what, [Number(before), Number(after)]]);
+    assert.deepEqual(Object.fromEntries(totals), totalsOf(made), `seed ${seed}`);
 
-    const was = totalsOf(made.before), is = totalsOf(made.after);
-    assert.deepEqual(Object.fromEntries(said.totals.map(({ what, before, after }) => [what, `${before} ${after}`])),
-      Object.fromEntries(Object.keys({ ...was, ...is }).map((what) => [what, `${was[what] ?? 0} ${is[what] ?? 0}`])),
-      `seed ${seed}${same ? ", no flight removed" : ""}`);
-
+    const isRight = ({ before, after }, k) => before === truth[k].numbers[0] && after === truth[k].numbers[1];
     flights += truth.length;
-    said.rows.forEach((row, k) => {
-      assert.equal(row.before, truth[k].before);
-      if (row.certain === "no") uncertain++;
-      else if (row.after !== truth[k].after) wrong++;
-    });
-    if (said.rows.some((row, k) => row.after !== truth[k].after)) continue;
-    said.rows.forEach((row, k) => {
-      const { mySide, you, type, size } = truth[k];
-      assert.deepEqual([!row.hidden, row.squadron.includes("(you"), row.type, row.size], [mySide, you, type, size]);
-    });
-    const kinds = await filterByKind();
+    uncertain += said.rows.filter(({ certain }) => certain === "no").length;
+    wrong += said.rows.filter((row, k) => row.certain === "yes" && !isRight(row, k)).length;
+    if (!said.rows.every(isRight)) continue;
+    assert.deepEqual(said.rows.map((row) => [row.visible, isYou(row), row.cells[3], row.cells[4]]),
+      truth.map(({ shown }) => shown), `seed ${seed}`);
+    const found = await filterByChange();
     for (const kind of ["altitude", "escort", "route", "size", "type", "removed"]) {
-      const expected = truth.filter(({ changes }) => changes.includes(kind)).map(({ before }) => before);
-      assert.deepEqual(kinds[kind] ?? [], expected, `seed ${seed}, ${kind}`);
+      const expected = truth.filter(({ changes }) => changes[kind]).map(({ numbers }) => numbers[0]);
+      assert.deepEqual(found[kind] ?? [], expected, `seed ${seed}, ${kind}`);
     }
   }
   t.diagnostic(`${Massages} massages, ${flights} flights, ${uncertain} uncertain, ${wrong} wrong`);
@@ -233,221 +208,224 @@ test("what the page says of a massage is what the mission files say", async (t) 
   assert.ok(uncertain <= flights / 100);
 });
 
-test("flights that can't be told apart are uncertain", async () => {
-  const route = [place(1), place(2), place(9), place(3)], moved = [place(1), place(2), place(300009), place(3)];
-  const own = flight("Alpha", [place(0)]), other = (options) => flight("Bravo", route, options);
+test("pairs are certain only where nothing else is possible", async () => {
+  const route = [at(1), at(2), at(9), at(3)], moved = [at(1), at(2), at(300009), at(3)];
+  const bravo = (options) => flight("Bravo", route, options), alpha = (...pilots) => flight("Alpha", route, { pilots });
+  const own = flight("Alpha", [at(0)]), twin = bravo();
   const cases = {
-    "twins, one removed": [[own, other(), other()], [own, other()], ["0 0 yes", "1 1 no", "2  no"]],
-    "other pilots": [[own, other(), other({ pilots: [2] })], [own, other({ pilots: [2] })], ["0 0 yes", "1  yes", "2 1 yes"]],
-    "a type that no massage gives": [[own, other(), other({ type: "Escort" })], [own, other({ type: "Escort" })],
-      ["0 0 yes", "1  yes", "2 1 yes"]],
-    "twins that both stay": [[own, other(), other()], [own, other(), other({ type: "Recon" })],
-      ["0 0 yes", "1 1 yes", "2 2 yes"]],
-    "a moved route": [[own, other()], [own, flight("Bravo", moved)], ["0 0 yes", "1 1 yes"]],
-    "own squadron, other pilots": [[own, flight("Alpha", route, { pilots: [5, 6] })],
-      [own, flight("Alpha", route, { pilots: [5, 8] })], ["0 0 yes", "1 1 yes"]],
+    "twins, one removed": [[own, twin, twin], [own, twin], "0-0 yes, 1-1 no, 2- no"],
+    "twins, none removed": [[own, twin, twin], [own, twin, bravo({ type: "Recon" })], "0-0 yes, 1-1 yes, 2-2 yes"],
+    "other pilots": [[own, twin, bravo({ pilots: [2] })], [own, bravo({ pilots: [2] })], "0-0 yes, 1- yes, 2-1 yes"],
+    "own squadron's pilots": [[own, alpha(5, 6)], [own, alpha(5, 8)], "0-0 yes, 1-1 yes"],
+    "a type that no massage gives": [[own, twin, bravo({ type: "Escort" })], [own, bravo({ type: "Escort" })],
+      "0-0 yes, 1- yes, 2-1 yes"],
+    "a moved route": [[own, twin], [own, flight("Bravo", moved)], "0-0 yes, 1-1 yes"],
     "no waypoints": [[own, flight("Bravo", []), flight("Delta", [])], [own, flight("Delta", [])],
-      ["0 0 yes", "1  yes", "2 1 yes"]],
-    "nobody left": [[own], [], ["0  yes"]],
+      "0-0 yes, 1- yes, 2-1 yes"],
+    "nobody left": [[own], [], "0- yes"],
   };
-  for (const name in cases) {
-    const [before, after, expected] = cases[name];
-    const said = await give(report("before.txt", before), report("after.txt", after));
-    assert.deepEqual(pairs(said), expected, name);
+  for (const [name, [before, after, expected]] of Object.entries(cases)) {
+    assert.equal(pairs(await give(report("before.txt", before), report("after.txt", after))), expected, name);
   }
 });
 
 test("which report came first, and swapping", async () => {
-  const was = [flight("Alpha", [place(1), place(2), place(3), place(4)]), flight("Bravo", [place(1)])];
-  const is = [flight("Alpha", [place(1), place(2), place(300003), place(4)], { type: "Recon" }), was[1]];
-  for (const files of [[report("b.txt", was), report("a.txt", is)], [report("a.txt", is), report("b.txt", was)]]) {
+  const was = [flight("Alpha", [at(1), at(2), at(3), at(4)]), flight("Bravo", [at(1)])];
+  const is = [flight("Alpha", [at(1), at(2), at(300003), at(4)], { type: "Recon" }), was[1]];
+  const before = report("b.txt", was), after = report("a.txt", is);
+  for (const files of [[before, after], [after, before]]) {
     await give(...files);
-    assert.match(await page.textContent("#note"), /Before: b.txt. After: a.txt./);
+    assert.match(await page.textContent("#note"), /^Before: b.txt. After: a.txt./);
   }
-  assert.deepEqual(pairs(await give(report("a.txt", [is[0]]), report("b.txt", was))), ["0 0 yes", "1  yes"]);
+  assert.equal(pairs(await give(report("a.txt", [is[0]]), before)), "0-0 yes, 1- yes");
   await page.click("#swap");
   const said = await read();
-  assert.deepEqual(pairs(said), ["0 0 yes", " 1 yes"]);
-  assert.equal(said.rows[1].text.includes("added"), true);
+  assert.equal(pairs(said), "0-0 yes, -1 yes");
+  assert.equal(said.rows[1].cells[6], "added");
   assert.deepEqual(said.totals[0], { what: "flights", before: "1", after: "2" });
 });
 
 test("the player's flight is marked only where it is proven", async () => {
-  const squadrons = [["Alpha", 1], ["Bravo", 1]], alpha = flight("Alpha", [place(1)]), bravo = flight("Bravo", [place(2)]);
-  const marked = ({ rows }) => rows.filter(({ text }) => text.includes("(you")).map(({ before, after }) => `${before} ${after}`);
-  const flights = [alpha, bravo, alpha, bravo];
-  const before = report("before.txt", flights, { player: 1, squadrons });
-  assert.deepEqual(marked(await give(before)), ["1 undefined"]);
-  // Removed: number 1 is another flight's now.
-  assert.deepEqual(marked(await give(before, report("after.txt", [alpha, alpha], { player: 1, squadrons }))), ["1 undefined"]);
-  // Kept: of two that look alike the number says which.
-  const said = await give(before, report("after.txt", [bravo], { player: 0, squadrons }));
-  assert.deepEqual(pairs(said), ["0  yes", "1 0 yes", "2  yes", "3  yes"]);
-  assert.deepEqual(marked(said), ["1 0"]);
+  const options = (player) => ({ player, squadrons: [["Alpha", 1], ["Bravo", 1]] });
+  const alpha = flight("Alpha", [at(1)]), bravo = flight("Bravo", [at(2)]);
+  const marked = (said) => pairs({ rows: said.rows.filter(isYou) });
+  const before = report("before.txt", [alpha, bravo, alpha, bravo], options(1));
+  assert.equal(marked(await give(before)), "1- yes");
+  const removed = report("after.txt", [alpha, alpha], options(1));  // its number is another flight's now
+  assert.equal(marked(await give(before, removed)), "1- yes");
+  const kept = report("after.txt", [bravo], options(0));  // its new number says which of two that look alike it is
+  assert.equal(pairs(await give(before, kept)), "0- yes, 1-0 yes, 2- yes, 3- yes");
+  assert.equal(marked(await read()), "1-0 yes");
 });
 
 test("flights of the other side are hidden, flights without a nation are not", async () => {
   const names = ["Alpha", "Bravo", "Two nations", "Unknown", "Unlisted", "Charlie"];
-  const squadrons = [["Alpha", 1], ["Bravo", 0], ["Two nations", 0], ["Two nations", 2], ["Unknown", 0], ["Charlie", 4]];
-  const flights = names.map((name, k) => flight(name, [place(k)]));
-  const shown = ({ rows }) => rows.filter(({ hidden }) => !hidden).map(({ before }) => names[before]);
-  assert.deepEqual(shown(await give(report("r.txt", flights, { squadrons }))), names.filter((name) => name !== "Bravo"));
+  const nations = { Alpha: [1], Bravo: [0], "Two nations": [0, 2], Unknown: [0], Charlie: [4] };
+  const squadrons = Object.entries(nations).flatMap(([name, of]) => of.map((nation) => [name, nation]));
+  const flights = names.map((name, k) => flight(name, [at(k)]));
+  const shown = ({ rows }) => rows.filter(({ visible }) => visible).map(({ before }) => names[before]);
+  const said = await give(report("r.txt", flights, { squadrons }));
+  assert.deepEqual(shown(said), names.filter((name) => name !== "Bravo"));
   await page.selectOption("#nation", "4");
-  assert.deepEqual(shown(await read()), ["Two nations", "Unknown", "Unlisted", "Charlie"]);
+  assert.deepEqual(shown(await read()), names.slice(2));
   await page.selectOption("#nation", "");
   await page.uncheck("#my-side");
   assert.deepEqual(shown(await read()), names);
   await page.check("#my-side");
-  assert.deepEqual(shown(await give(report("r.txt", flights, { player: 9, squadrons }))), names);
+  assert.deepEqual(shown(await give(report("r.txt", flights, { player: 9, squadrons }))), names, "no player's flight");
 });
 
 test("names are text, whatever they hold", async () => {
-  const names = ["<img src=x onerror=document.title=1>", "</td><script>document.title=1</script>", "&lt;b&gt;, \"q\" 'q'",
-    "M\xfcller \x80\x93", "a\0b", "Mission:        3 ", "a\r\nb\rc\nd", "X   ID    : 5   Nation: 0   Planes: 8", "", " "];
-  const decoded = (name) => name.replace("\x80\x93", "€“");
-  const flights = names.map((name, k) => flight(name, [place(k)], { plane: name }));
+  const names = ["<img src=x onerror=document.title=1>", "</td><script>document.title=1</script>",
+    "&lt;b&gt;, \"q\" 'q'", "M\xfcller \x80", "a\0b", "Mission:        3 ", "a\r\nb\rc\nd", "X   ID    : 5   Nation: 0   Planes: 8", "", " "];
+  const flights = names.map((name, k) => flight(name, [at(k)], { plane: name }));
   const said = await give(report("r.txt", flights, { squadrons: names.map((name) => [name, 1]) }));
-  assert.equal(said.message, "");
-  assert.deepEqual(said.rows.map(({ squadron }) => squadron.replace(/^Nation 1/, "").replace(" (you)", "")), names.map(decoded));
+  const decoded = names.map((name) => name.replace("\x80", "€"));
+  assert.deepEqual(said.rows.map(({ cells }) => [cells[1].replace(" (you)", ""), cells[2]]),
+    decoded.map((name) => [`Nation 1${name}`, name || "none"]));
   for (const row of await page.$$("#flights tbody tr")) await row.click();
-  assert.deepEqual(await page.$$("#flights img, #flights script, #detail img, #detail script"), []);
   assert.equal(await page.title(), "Velmoran: the plan, before and after");
+  assert.equal((await page.$$("main img, main script")).length, 0);
+  assert.match((await page.getAttribute("meta[http-equiv]", "content")).replace(/\s+/g, " "),
+    /^ default-src 'none'; style-src 'sha256-[^']+'; script-src 'sha256-[^']+'$/);
 });
 
-test("bad input is refused in one line and the picture stays", async () => {
-  const { reports: [before, after] } = massage("campgn01", 0), all = before.buffer.toString("latin1");
-  const line = (number) => all.split("\r\n").slice(0, number).join("\r\n").length + 2;
-  const at24 = all.indexOf("Mission:        24 "), cut = (length) => text("cut.txt", all.slice(0, length));
+test("bad input is refused in one line, and the picture stays", async () => {
+  const { reports: [before, after] } = massage("campgn01"), all = before.buffer.toString("latin1");
+  const flight24 = all.indexOf("Mission:        24 "), end = all.length, lines = all.split("\r\n");
+  const cut = (length) => [file("cut.txt", all.slice(0, length))];
+  const notReport = (name, line) => `${name}, line ${line}: this is not a report of flights.`;
+  const isCut = (found) => `cut.txt: 87 flights are announced, ${found} found: is the end missing?`;
   const cases = {
-    "another text": [[text("notes.txt", "Dear diary\r\n")], "notes.txt, line 1: this is not a report of flights."],
-    "an empty file": [[text("empty.txt", "")], "empty.txt, line 1: this is not a report of flights."],
-    "bytes": [[{ ...before, name: "x.mis", buffer: Buffer.alloc(5000, 0x80) }], "x.mis, line 1: this is not a report of flights."],
-    "a changed line": [[text("r.txt", all.replace("    Lat at Waypoint  1", "    Lot at Waypoint  1"))],
-      "r.txt, line 20: this is not a report of flights."],
-    "text after the end": [[text("r.txt", `${all}more\r\n`)], `r.txt, line ${all.split("\r\n").length}: this is not a report of flights.`],
-    "cut between flights": [[cut(at24)], "cut.txt: 87 flights are announced, 24 found: is the end missing?"],
-    "cut in a flight": [[cut(at24 + 200)], "cut.txt: 87 flights are announced, 25 found: is the end missing?"],
-    "cut after a line": [[cut(line(40))], "cut.txt: 87 flights are announced, 1 found: is the end missing?"],
-    "cut in the last list": [[cut(all.length - 30)], "cut.txt: 87 flights are announced, 87 found: is the end missing?"],
-    "cut by one byte": [[cut(all.length - 1)], "cut.txt: 87 flights are announced, 87 found: is the end missing?"],
-    "cut by one line": [[cut(all.length - 3)], "cut.txt: 87 flights are announced, 87 found: is the end missing?"],
-    "too large": [[text("big.txt", all.padEnd(20e6 + 1))], "big.txt is larger than 20 MB."],
-    "two days": [[before, massage("campgn02", 0).reports[1]],
-      "before.txt and after.txt don't belong together: choose the reports of one day, from before and after its massage."],
+    "another text": [[file("notes.txt", "Dear diary\r\n")], notReport("notes.txt", 1)],
+    "an empty file": [[file("empty.txt", "")], notReport("empty.txt", 1)],
+    "a changed line": [[file("r.txt", all.replace("    Lat", "    Lot"))], notReport("r.txt", 20)],
+    "text after the end": [[file("r.txt", `${all}more\r\n`)], notReport("r.txt", lines.length)],
+    "cut between flights": [cut(flight24), isCut(24)],
+    "cut in a flight": [cut(flight24 + 200), isCut(25)],
+    "cut after a line": [cut(lines.slice(0, 40).join("\r\n").length + 2), isCut(1)],
+    "cut in the last list": [cut(end - 30), isCut(87)],
+    "cut by a line": [cut(end - 3), isCut(87)],
+    "cut by a byte": [cut(end - 1), isCut(87)],
+    "too large": [[file("big.txt", all.padEnd(20e6 + 1))], "big.txt is larger than 20 MB."],
+    "two days": [[before, massage("campgn02").reports[1]], "before.txt and after.txt don't belong together: choose " +
+      "the reports of one day, from before and after its massage."],
     "the same twice": [[before, { ...before, name: "copy.txt" }],
       "before.txt and copy.txt are the same: choose one from before and one from after."],
-    "three files": [[before, after, before], "3 files were chosen: choose one report, or two of the same day."],
+    "three files": [[before, after, before], "3 files were chosen: choose one report, or two of one day."],
   };
   const picture = await give(before, after);
-  for (const name in cases) {
-    const [files, message] = cases[name];
+  for (const [name, [files, message]] of Object.entries(cases)) {
     assert.deepEqual(await give(...files), { ...picture, message }, name);
   }
   assert.equal((await give(before)).message, "");
 });
 
-test("one report is a map of the plan", async () => {
-  const made = massage("campgn01", 0), said = await give(made.reports[1]);
-  assert.deepEqual(pairs(said), made.after.flights.map(({ id }) => `${id}  yes`));
-  assert.deepEqual(said.totals[0], { what: "flights", before: "58" });
+test("one report is a map of the plan, and a click in the map chooses a flight", async () => {
+  const said = await give(report("r.txt", [flight("Alpha", [at(0), at(100)])]));
+  assert.equal(pairs(said), "0- yes");
+  assert.deepEqual(said.totals[0], { what: "flights", before: "1" });
   assert.equal(await page.isDisabled("#swap"), true);
+  await page.click("#map");
+  assert.equal(await page.getAttribute("#flights tbody tr", "aria-current"), "true");
+  await page.click("#map", { position: { x: 5, y: 5 } });
+  assert.equal(await page.getAttribute("#flights tbody tr", "aria-current"), null);
 });
 
 test("one flight shows what the mission files hold", async () => {
-  const made = massage("campgn01", 0);
-  await give(...made.reports);
-  const [was, is] = [made.before, made.after].map(({ player, flights }) => flights.find(({ id }) => id === player));
+  const { before, after, reports } = massage("campgn01");
+  await give(...reports);
   await page.click("#flights tr:has-text('(you)')");
-  const arrow = (from, to) => (from === to ? `${from}` : `${from} → ${to}`);
-  const cells = await page.$$eval("#waypoints tr", (rows) => rows.map((row) => [2, 3, 4].map((k) => row.cells[k].textContent)));
+  const [was, is] = [before, after].map(({ player, flights }) => flights.find(({ id }) => id === player));
+  const cells = await page.$$eval("#waypoints tr", (rows) =>
+    rows.map((row) => [2, 3, 4].map((k) => row.cells[k].textContent)));
   assert.deepEqual(cells, was.waypoints.map((from, k) =>
     ["altitude", "lon", "lat"].map((name) => arrow(from[name], is.waypoints[k][name]))));
   assert.ok((await page.textContent("#crew")).includes(`Pilots: ${was.pilots.join(", ")} → ${is.pilots.join(", ")}`));
-  const [curveBefore, curveAfter] = await page.$$eval("#profile polyline", (lines) => lines.map((line) => line.points.length));
-  assert.deepEqual([curveBefore, curveAfter], [was.waypoints.length, is.waypoints.length]);
+  assert.deepEqual(await page.$$eval("#profile polyline", (curves) => curves.map(({ points }) => points.length)),
+    [was.waypoints.length, is.waypoints.length]);
 });
 
 test("the largest plan is read, paired and drawn in time", async (t) => {
-  const { reports } = massage("campgn02", 0);
-  const times = await page.evaluate(async (texts) => {
-    const frame = () => new Promise((resolve) => { requestAnimationFrame(() => setTimeout(resolve)); });
-    const timed = async (what) => { const start = performance.now(); await what(); await frame(); return performance.now() - start; };
-    const files = new DataTransfer();
-    texts.forEach((content, k) => files.items.add(new File([Uint8Array.from(content, (c) => c.charCodeAt(0))], `${k}.txt`)));
-    const best = { read: Infinity, choose: Infinity, filter: Infinity }, updates = document.body.dataset;
-    for (let round = 0; round < 3; round++) {
-      const read = await timed(async () => {
-        const last = updates.updates;
+  const texts = massage("campgn02").reports.map(({ buffer }) => buffer.toString("latin1"));
+  const best = await page.evaluate(async (contents) => {
+    const drawn = () => new Promise((resolve) => { requestAnimationFrame(() => setTimeout(resolve)); });
+    const best = {}, files = new DataTransfer(), side = document.querySelector("#my-side");
+    const timed = async (what, action) => {
+      const start = performance.now();
+      await action();
+      await drawn();
+      best[what] = Math.min(best[what] ?? Infinity, performance.now() - start);
+    };
+    contents.forEach((content, k) =>
+      files.items.add(new File([Uint8Array.from(content, (c) => c.charCodeAt(0))], `${k}.txt`)));
+    for (let round = 0; round < 5; round++) {
+      await timed("drop", async () => {
+        const { updates } = document.body.dataset;
         document.dispatchEvent(new DragEvent("drop", { dataTransfer: files, cancelable: true }));
-        while (updates.updates === last) await frame();
+        while (document.body.dataset.updates === updates) await drawn();
       });
-      const side = document.querySelector("#my-side");
-      side.checked = true;
-      side.dispatchEvent(new Event("input"));
-      const choose = await timed(() => document.querySelectorAll("#flights tbody tr:not([hidden])")[9 + round].click());
-      const filter = await timed(() => side.click());
-      for (const [name, time] of Object.entries({ read, choose, filter })) best[name] = Math.min(best[name], time);
+      await timed("filter", () => side.click());
+      await timed("choose", () => document.querySelectorAll("#flights tbody tr:not([hidden])")[9 + round].click());
     }
+    if (!side.checked) side.click();
     return best;
-  }, reports.map(({ buffer }) => buffer.toString("latin1")));
-  t.diagnostic(`ms: ${Object.entries(times).map(([name, time]) => `${name} ${Math.round(time)}`).join(", ")}`);
-  assert.ok(times.read <= 500 && times.choose <= 50 && times.filter <= 50);
+  }, texts);
+  t.diagnostic(Object.entries(best).map(([what, time]) => `${what} ${Math.round(time)} ms`).join(", "));
+  assert.ok(best.drop <= 500 && best.choose <= 50 && best.filter <= 50);
 });
 
 test("a whole session by keys alone", async () => {
   await openPage();
-  await give(...massage("campgn01", 0).reports);
+  await give(...massage("campgn01").reports);
   await page.evaluate(() => document.activeElement.blur());
-  const drawn = () => page.evaluate(() => document.querySelector("canvas").toDataURL());
+  const picture = () => page.evaluate(() => document.querySelector("canvas").toDataURL());
+  const numbers = (which) => page.$$eval(`#flights tbody tr${which}`, (rows) => rows.map((row) => row.dataset.before));
   const tabTo = async (selector) => {
     for (let presses = 0; presses < 40; presses++) {
       await page.keyboard.press("Tab");
-      const outline = await page.evaluate(() => getComputedStyle(document.activeElement).outlineStyle);
-      assert.notEqual(outline, "none");
-      if (await page.evaluate((wanted) => document.activeElement.matches(wanted), selector)) return;
+      const [reached, outline] = await page.evaluate((wanted) => [document.activeElement.matches(wanted),
+        getComputedStyle(document.activeElement).outlineStyle], selector);
+      assert.notEqual(outline, "none", "focus is visible");
+      if (reached) return;
     }
-    assert.fail(`${selector} is not reached`);
+    assert.fail(`Tab doesn't reach ${selector}`);
   };
   const press = async (...keys) => {
     for (const key of keys) await page.keyboard.press(key);
     await page.waitForTimeout(50);
   };
-  const rows = () => page.$$eval("#flights tbody tr:not([hidden])", (found) => found.map((row) => row.dataset.before));
-  const chosen = () => page.$$eval("#flights tr[aria-current]", (found) => found.map((row) => row.dataset.before));
-
   await tabTo("#swap");
   await tabTo("#map");
-  const whole = await drawn();
+  const whole = await picture();
   for (const key of ["+", "ArrowLeft", "-", "ArrowUp"]) {
-    const last = await drawn();
+    const last = await picture();
     await press(key);
-    assert.notEqual(await drawn(), last, key);
+    assert.notEqual(await picture(), last, key);
   }
   await press("0");
-  assert.equal(await drawn(), whole);
+  assert.equal(await picture(), whole);
   await tabTo("#my-side");
   await press("Space");
-  assert.equal((await rows()).length, 87);
+  assert.equal((await numbers(":not([hidden])")).length, 87);
+  assert.notEqual(await picture(), whole, "the map is filtered too");
   await tabTo("#search");
   await page.keyboard.type("merlin");
-  const merlins = await rows();
+  const merlins = await numbers(":not([hidden])");
   assert.deepEqual(merlins.slice(0, 3), ["0", "1", "2"]);
-  await tabTo("#type");
   await tabTo("#flights th button");
   await press("Enter", "Enter");
-  assert.deepEqual(await rows(), [...merlins].reverse());
+  assert.deepEqual(await numbers(":not([hidden])"), [...merlins].reverse());
   await tabTo("#flights tbody button");
-  await press("Enter");
-  assert.deepEqual(await chosen(), [merlins.at(-1)]);
-  await press("ArrowDown", "ArrowDown", "ArrowUp");
-  assert.deepEqual(await chosen(), [merlins.at(-2)]);
+  await press("Enter", "ArrowDown", "ArrowDown", "ArrowUp");
+  assert.deepEqual(await numbers("[aria-current]"), [merlins.at(-2)]);
   assert.equal(await page.isVisible("#detail"), true);
   await press("Escape");
-  assert.deepEqual([await chosen(), await page.isVisible("#detail")], [[], false]);
+  assert.equal(await page.isVisible("#detail"), false);
 });
 
 test("axe finds nothing", async () => {
-  const { reports } = massage("campgn01", 0);
+  const { reports } = massage("campgn01");
   for (const colorScheme of ["light", "dark"]) {
     await openPage({ colorScheme });
     await page.evaluate(axe.source);
