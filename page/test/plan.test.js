@@ -83,8 +83,9 @@ function truthOf({ before, after }) {
     const moved = (...names) => was.waypoints.some((from, k) => names.some((n) => from[n] !== is.waypoints[k][n]));
     const changes = !is ? { removed: true } : { altitude: moved("altitude"), route: moved("lon", "lat"),
       escort: escorts(before, was) !== escorts(after, is), size: was.size !== is.size, type: was.type !== is.type };
+    const visible = onSide0(was) === onSide0(players);
     return { numbers: [`${was.id}`, is && `${is.id}`], changes,
-      shown: [onSide0(was) === onSide0(players), was === players, arrow(was.type, is?.type), arrow(was.size, is?.size)] };
+      shown: [visible, was === players, arrow(was.type, is?.type), arrow(was.size, is?.size)] };
   });
 }
 
@@ -101,7 +102,7 @@ function totalsOf({ before, after }) {
 
 // ---- Made-up reports
 
-const at = (lon, lat = 0) => ({ lon, lat });
+const at = (lon, action = 4) => ({ lon, action });
 const flight = (squadron, route, { type = "CAP", pilots = [1], plane = "Scout" } = {}) =>
   ({ squadron, route, type, pilots, plane });
 
@@ -109,9 +110,9 @@ function report(name, flights, { player = 0, squadrons = [["Alpha", 1]] } = {}) 
   const block = ({ squadron, route, type, pilots, plane }, id) => [
     `Mission:        ${id} `, `Squadron:      ${squadron}`, `Mission:       ${type}`, "Num Planes:     1 ", " ",
     `    Plane: ${plane}`, " ", ...pilots.map((pilot) => `    Pilot:  ${pilot} `), ...route.flatMap(waypoint)];
-  const waypoint = ({ lon, lat }, k) => [
+  const waypoint = ({ lon, action }, k) => [
     `    Altitude at Waypoint  ${k + 1} :  320 `, `    Lon at Waypoint  ${k + 1} :  ${lon} `,
-    `    Lat at Waypoint  ${k + 1} :  ${lat} `, `    Action at Waypoint     ${k + 1} :  4         Patrol`,
+    `    Lat at Waypoint  ${k + 1} :  0 `, `    Action at Waypoint     ${k + 1} :  ${action}         Something`,
     `    Formation at Waypoint  ${k + 1} :  9         In Trail`];
   return file(name, [`Player Flight ID :        ${player} `, `Mission Count    :        ${flights.length} `, " ",
     ...flights.flatMap(block), " ", " ", " ", " ", " ", ...squadrons.map(([squadron, nation], id) =>
@@ -209,17 +210,17 @@ test("what the page says of massages is what the mission files say", async (t) =
 });
 
 test("pairs are certain only where nothing else is possible", async () => {
-  const route = [at(1), at(2), at(9), at(3)], moved = [at(1), at(2), at(300009), at(3)];
+  const route = [at(1), at(2), at(9), at(4100000), at(8, 10), at(3)];
+  const moved = [at(1), at(2), at(200009, 9), at(4190000), at(300008, 14), at(3)];
   const bravo = (options) => flight("Bravo", route, options), alpha = (...pilots) => flight("Alpha", route, { pilots });
-  const own = flight("Alpha", [at(0)]), twin = bravo();
+  const own = flight("Alpha", [at(0)]), twin = bravo(), escort = bravo({ type: "Escort" });
   const cases = {
     "twins, one removed": [[own, twin, twin], [own, twin], "0-0 yes, 1-1 no, 2- no"],
     "twins, none removed": [[own, twin, twin], [own, twin, bravo({ type: "Recon" })], "0-0 yes, 1-1 yes, 2-2 yes"],
     "other pilots": [[own, twin, bravo({ pilots: [2] })], [own, bravo({ pilots: [2] })], "0-0 yes, 1- yes, 2-1 yes"],
-    "own squadron's pilots": [[own, alpha(5, 6)], [own, alpha(5, 8)], "0-0 yes, 1-1 yes"],
-    "a type that no massage gives": [[own, twin, bravo({ type: "Escort" })], [own, bravo({ type: "Escort" })],
-      "0-0 yes, 1- yes, 2-1 yes"],
-    "a moved route": [[own, twin], [own, flight("Bravo", moved)], "0-0 yes, 1-1 yes"],
+    "own squadron's pilots": [[own, alpha(5, 6), alpha(7, 8)], [own, alpha(5, 8)], "0-0 yes, 1-1 yes, 2- yes"],
+    "a type that no massage gives": [[own, twin, escort], [own, escort], "0-0 yes, 1- yes, 2-1 yes"],
+    "a moved route": [[own, twin, escort], [own, flight("Bravo", moved)], "0-0 yes, 1-1 yes, 2- yes"],
     "no waypoints": [[own, flight("Bravo", []), flight("Delta", [])], [own, flight("Delta", [])],
       "0-0 yes, 1- yes, 2-1 yes"],
     "nobody left": [[own], [], "0- yes"],
@@ -247,14 +248,16 @@ test("which report came first, and swapping", async () => {
 
 test("the player's flight is marked only where it is proven", async () => {
   const options = (player) => ({ player, squadrons: [["Alpha", 1], ["Bravo", 1]] });
-  const alpha = flight("Alpha", [at(1)]), bravo = flight("Bravo", [at(2)]);
+  const alpha = flight("Alpha", [at(1)]);
+  const bravo = flight("Bravo", [at(2)]), escort = flight("Bravo", [at(2)], { type: "Escort" });
   const marked = (said) => pairs({ rows: said.rows.filter(isYou) });
-  const before = report("before.txt", [alpha, bravo, alpha, bravo], options(1));
+  const before = report("before.txt", [alpha, bravo, alpha, bravo, escort], options(1));
   assert.equal(marked(await give(before)), "1- yes");
-  const removed = report("after.txt", [alpha, alpha], options(1));  // its number is another flight's now
-  assert.equal(marked(await give(before, removed)), "1- yes");
+  const removed = report("after.txt", [alpha, alpha, escort], options(1));  // its number is another flight's now
+  assert.equal(pairs(await give(before, removed)), "0-0 yes, 1- yes, 2-1 yes, 3- yes, 4-2 yes");
+  assert.equal(marked(await read()), "1- yes");
   const kept = report("after.txt", [bravo], options(0));  // its new number says which of two that look alike it is
-  assert.equal(pairs(await give(before, kept)), "0- yes, 1-0 yes, 2- yes, 3- yes");
+  assert.equal(pairs(await give(before, kept)), "0- yes, 1-0 yes, 2- yes, 3- yes, 4- yes");
   assert.equal(marked(await read()), "1-0 yes");
 });
 
@@ -277,7 +280,8 @@ test("flights of the other side are hidden, flights without a nation are not", a
 
 test("names are text, whatever they hold", async () => {
   const names = ["<img src=x onerror=document.title=1>", "</td><script>document.title=1</script>",
-    "&lt;b&gt;, \"q\" 'q'", "M\xfcller \x80", "a\0b", "Mission:        3 ", "a\r\nb\rc\nd", "X   ID    : 5   Nation: 0   Planes: 8", "", " "];
+    "&lt;b&gt;, \"q\" 'q'", "M\xfcller \x80", "a\0b", "Mission:        3 ", "a\r\nb\rc\nd",
+    "X   ID    : 5   Nation: 0   Planes: 8", "", " "];
   const flights = names.map((name, k) => flight(name, [at(k)], { plane: name }));
   const said = await give(report("r.txt", flights, { squadrons: names.map((name) => [name, 1]) }));
   const decoded = names.map((name) => name.replace("\x80", "€"));
