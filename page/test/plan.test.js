@@ -10,7 +10,7 @@ const axe = require("axe-core");
 const { chromium } = require("playwright-core");
 
 const { CONSOLE, MAKE_SAMPLE, WORK } = process.env;
-const Massages = Number(process.env.MASSAGES ?? 80);
+const Massages = Number(process.env.MASSAGES ?? 40);
 const Repository = path.join(__dirname, "..", ".."), Sample = path.join(WORK, "sample");
 const Url = pathToFileURL(path.join(Repository, "page", "plan.html")).href;
 const Types = ["Bomb", "Recon", "Attack", "Spotting", "CAP", "Barrage Patrol", "Balloon Bust", "Escort",
