@@ -219,6 +219,8 @@ test("pairs are certain only where nothing else is possible", async () => {
     "twins, none removed": [[own, twin, twin], [own, twin, bravo({ type: "Recon" })], "0-0 yes, 1-1 yes, 2-2 yes"],
     "other pilots": [[own, twin, bravo({ pilots: [2] })], [own, bravo({ pilots: [2] })], "0-0 yes, 1- yes, 2-1 yes"],
     "own squadron's pilots": [[own, alpha(5, 6), alpha(7, 8)], [own, alpha(5, 8)], "0-0 yes, 1-1 yes, 2- yes"],
+    "own squadron, no pilots left": [[own, alpha(5, 6), flight("Alpha", route, { type: "Escort" })], [own, alpha()],
+      "0-0 yes, 1-1 yes, 2- yes"],
     "a type that no massage gives": [[own, twin, escort], [own, escort], "0-0 yes, 1- yes, 2-1 yes"],
     "a moved route": [[own, twin, escort], [own, flight("Bravo", moved)], "0-0 yes, 1-1 yes, 2- yes"],
     "no waypoints": [[own, flight("Bravo", []), flight("Delta", [])], [own, flight("Delta", [])],
