@@ -12,6 +12,7 @@
 #include "window/captions.h"
 #include "window/console/terminal.h"
 #include "window/events.h"
+#include "window/win32/dll_search.h"
 
 namespace velmoran {
 
@@ -121,6 +122,7 @@ void EndProgram(bool failed) {
 
 int main() {
   using namespace velmoran;
+  LoadDllsFromSystemOnly();
   const auto run = std::make_unique<RunState>();
   if (AtTerminal()) Print(captions::Label1, std::string(" ") + std::string(captions::Label2));
   Form_Load(*run);
