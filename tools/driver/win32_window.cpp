@@ -21,7 +21,7 @@ constexpr std::pair<const char*, int> Ids[] = {
     {"Label2", IDC_Label2}, {"Line1", IDC_Line1},       {"Line2", IDC_Line2},     {"Line3", IDC_Line3},
     {"Line4", IDC_Line4},   {"Line5", IDC_Line5},       {"Line6", IDC_Line6},
 };
-constexpr int NameCombo = 0x47c, NameEdit = 0x480, BoxText = 0xffff;
+constexpr int NameCombo = 0x47c, NameEdit = 0x480, TypeCombo = 0x470, BoxText = 0xffff;
 
 PROCESS_INFORMATION program{};
 HWND form = nullptr, top = nullptr;  // top: the dialog or box before the form
@@ -113,13 +113,13 @@ bool InSight(HWND control) {
   return area.left >= 0 && area.top >= 0 && area.right <= client.right && area.bottom <= client.bottom;
 }
 
-std::string announced;  // the text of HintT when screen readers were last told of a change
+std::string announced;  // the text of HintT at the last event for screen readers
 
 void CALLBACK Announce(HWINEVENTHOOK, DWORD, HWND control, LONG object, LONG, DWORD, DWORD) {
   if (object == OBJID_CLIENT && GetDlgCtrlID(control) == IDC_HintT) announced = Text(control);
 }
 
-// Lets what the hook was told of reach Announce.
+// Has Announce called for the events since the last call.
 void TakeEvents() {
   MSG message;
   while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) DispatchMessageW(&message);
@@ -225,7 +225,7 @@ void PressKey(const std::string& key) {
 }
 
 std::string NameInDialog() {
-  return Text(NameField());
+  return Text(NameField()) + (Text(GetDlgItem(top, TypeCombo)).empty() ? "] without a type" : "");
 }
 void AnswerDialog(const std::string& name) {
   std::wstring wide(name.size() + 1, L'\0');

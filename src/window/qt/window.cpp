@@ -278,11 +278,11 @@ class FileDialog : public QFileDialog {
     setIconProvider(&icons);
     setAcceptMode(mode);
     setFileMode(AnyFile);
-    findChild<QWidget*>("fileTypeLabel")->hide();  // the pattern stands in the name field
+    findChild<QWidget*>("fileTypeLabel")->hide();  // the name field has the pattern
     findChild<QWidget*>("fileTypeCombo")->hide();
     const int column = fontMetrics().averageCharWidth(), line = fontMetrics().lineSpacing();
     auto& files = *findChild<QTreeView*>("treeView");
-    files.hideColumn(TypeColumn);  // which the icons tell too
+    files.hideColumn(TypeColumn);  // which the icons show too
     files.header()->setSectionResizeMode(QHeaderView::ResizeToContents);
     files.header()->setMinimumSectionSize(LeastSection * column);
     files.header()->setMaximumSectionSize(MostSection * column);

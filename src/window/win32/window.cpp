@@ -58,7 +58,7 @@ struct Form {
   LONG spaces;
   // while the form is too low for all controls
   int scrolled;  // in pixels
-  HWND shown;    // the control that was last scrolled to
+  HWND shown;    // the last control to be scrolled to
 };
 Form form;
 
@@ -172,7 +172,7 @@ void SetFonts(int dpi) {
   form.title = std::move(title);
 }
 
-// The height that HintT needs for all of its text at a width, which it is given.
+// Gives HintT a width. Returns the height that all of its text needs then.
 int HintHeight(int width) {
   const HWND hint = ControlOf(IDC_HintT);
   RECT whole, text;
@@ -236,7 +236,7 @@ void Arrange() {
   bar.cbSize = sizeof bar;
   bar.fMask = SIF_RANGE | SIF_PAGE | SIF_POS;
   bar.nMax = fit.height - 1;
-  bar.nPage = static_cast<UINT>(client.bottom);  // where it holds all, the bar goes
+  bar.nPage = static_cast<UINT>(client.bottom);  // a bar whose page holds all is hidden
   bar.nPos = form.scrolled;
   SetScrollInfo(form.window, SB_VERT, &bar, TRUE);
   RedrawWindow(form.window, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
@@ -251,7 +251,7 @@ void ScrollTo(int position) {
 void Scroll(WORD request) {
   SCROLLINFO bar{};
   bar.cbSize = sizeof bar;
-  bar.fMask = SIF_PAGE | SIF_TRACKPOS | SIF_RANGE;
+  bar.fMask = SIF_PAGE | SIF_TRACKPOS;
   GetScrollInfo(form.window, SB_VERT, &bar);
   const int line = ScrollLines * form.letter, page = static_cast<int>(bar.nPage);
   switch (request) {
@@ -263,10 +263,6 @@ void Scroll(WORD request) {
       return ScrollTo(form.scrolled - page);
     case SB_PAGEDOWN:
       return ScrollTo(form.scrolled + page);
-    case SB_TOP:
-      return ScrollTo(0);
-    case SB_BOTTOM:
-      return ScrollTo(bar.nMax);
     case SB_THUMBTRACK:
     case SB_THUMBPOSITION:
       return ScrollTo(bar.nTrackPos);
@@ -376,13 +372,13 @@ INT_PTR CALLBACK FormEvent(HWND window, UINT message, WPARAM word, LPARAM value)
     case WM_CLOSE:
       ExitB_Click();  // doesn't return
     case WM_SIZE:
-      if (word != SIZE_MINIMIZED) Arrange();
+      if (word != SIZE_MINIMIZED && !form.places.empty()) Arrange();
       return TRUE;
     case WM_GETMINMAXINFO:
-      if (!form.places.empty()) {  // wide enough for a button
-        const RECT& button = form.places.back().area;
-        const SIZE least =
-            WindowSize({Scaled(SizeOf(button).cx + 2 * (form.client.cy - button.bottom)), Scaled(SizeOf(button).cy)});
+      if (!form.places.empty()) {  // room for a button and the margins beside it
+        const SIZE button = SizeOf(form.places.back().area);
+        const LONG margin = form.places.front().area.left;
+        const SIZE least = WindowSize({Scaled(button.cx + 2 * margin), Scaled(button.cy)});
         reinterpret_cast<MINMAXINFO*>(value)->ptMinTrackSize = {least.cx, least.cy};
       }
       return TRUE;
