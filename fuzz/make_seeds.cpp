@@ -37,7 +37,7 @@ void Save(const fs::path& path, const std::string& bytes) {
 // The first flights of a plan, of the given number of waypoints at most.
 std::string SmallPlan(const std::string& image, Long flights, Long points) {
   const auto run = std::make_unique<RunState>();
-  ReadMissions(*run, {image.begin(), image.end()});
+  ReadMissions(*run, {image.begin(), image.end()}, "");
   run->MissionCount = run->LoadedCount = flights;
   for (Long row = 0; row < flights; ++row) run->Missions[row].WPCount = std::min(run->Missions[row].WPCount, points);
   const std::vector<Byte> small = ComposeMissionImage(*run);
@@ -48,8 +48,8 @@ std::string SmallPlan(const std::string& image, Long flights, Long points) {
 // flights.
 std::string EscortPlan(const std::string& image, Long most) {
   const auto whole = std::make_unique<RunState>(), part = std::make_unique<RunState>();
-  ReadMissions(*whole, {image.begin(), image.end()});
-  ReadMissions(*part, {image.begin(), image.end()});
+  ReadMissions(*whole, {image.begin(), image.end()}, "");
+  ReadMissions(*part, {image.begin(), image.end()}, "");
   std::map<Long, Long> rows;  // of the whole plan, and of the part
   const auto take = [&](Long row) {
     if (rows.size() < static_cast<std::size_t>(most)) rows.try_emplace(row, static_cast<Long>(rows.size()));

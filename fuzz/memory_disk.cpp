@@ -3,8 +3,7 @@
 #include <algorithm>
 
 #include "files/disk.h"
-#include "files/failure.h"
-#include "files/path.h"
+#include "state/failure.h"
 
 namespace fuzz {
 
@@ -27,16 +26,36 @@ std::vector<Bytes> Parts(const velmoran::Byte* data, std::size_t size) {
 
 namespace velmoran {
 
-std::vector<Byte> ReadFile(std::string_view path) {
-  const auto file = fuzz::files.find(FileName(path));
-  if (file == fuzz::files.end()) throw Failure{FailureNumber::FileNotFound, std::string(path) + " can't be opened"};
-  return file->second;
+namespace {
+
+std::string NameIn(std::string_view path) {
+  return std::string(path.substr(path.find_last_of("/\\") + 1));
 }
 
-void WriteFile(std::string_view path, std::span<const Byte> bytes) {
-  const std::size_t room = fuzz::diskIsFull ? bytes.size() / 2 : bytes.size();
-  fuzz::files.insert_or_assign(std::string(FileName(path)), fuzz::Bytes(bytes.data(), bytes.data() + room));
-  if (fuzz::diskIsFull) throw Failure{FailureNumber::DiskFull, std::string(path) + " is incomplete"};
+}  // namespace
+
+std::string CurrentDirectory() {
+  return "/simulation/velmoran";
+}
+
+InputFile::InputFile(std::string_view path, std::string_view /*adviceIfMissing*/) : path_(NameIn(path)), handle_(0) {
+  if (!fuzz::files.contains(path_)) throw Failure{FailureNumber::FileNotFound, path_ + " can't be opened"};
+}
+
+InputFile::~InputFile() = default;
+
+std::vector<Byte> InputFile::ReadAll() const {
+  return fuzz::files.at(path_);
+}
+
+std::string PathForReport(std::string_view path) {
+  return NameIn(path);
+}
+
+void WriteFile(const std::string& path, std::span<const Byte> bytes, Flush /*flush*/) {
+  const std::size_t taken = fuzz::diskIsFull ? bytes.size() / 2 : bytes.size();
+  fuzz::files.insert_or_assign(path, fuzz::Bytes(bytes.data(), bytes.data() + taken));
+  if (fuzz::diskIsFull) throw Failure{FailureNumber::DiskFull, path + " is incomplete"};
 }
 
 }  // namespace velmoran

@@ -1,4 +1,4 @@
-// The files of a run, in memory in place of the disk: linked before the logic, it stands in for files/disk.cpp.
+// The files of a run, in memory instead of on disk.
 #pragma once
 
 #include <map>

@@ -2,9 +2,10 @@
 #include <algorithm>
 #include <string>
 
-#include "files/failure.h"
 #include "files/roster.h"
 #include "session.h"
+#include "state/failure.h"
+#include "state/roster.h"
 
 using namespace velmoran;
 

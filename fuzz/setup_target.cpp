@@ -2,9 +2,9 @@
 #include <cmath>
 
 #include "fakes.h"
-#include "files/failure.h"
 #include "files/setup.h"
 #include "session.h"
+#include "state/failure.h"
 
 using namespace velmoran;
 

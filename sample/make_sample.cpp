@@ -85,8 +85,8 @@ std::vector<Byte> Campaign(Long day, Byte gate, Byte axis) {
 void WriteDay(const fs::path& folder, const std::string& name, void (*plan)(RunState&), Long day) {
   const auto run = std::make_unique<RunState>();
   plan(*run);
-  WriteFile((folder / (name + ".mis")).string(), ComposeMissionImage(*run));
-  WriteFile((folder / (name + ".dat")).string(), Campaign(day, 0, 1));
+  WriteFile((folder / (name + ".mis")).string(), ComposeMissionImage(*run), Flush::No);
+  WriteFile((folder / (name + ".dat")).string(), Campaign(day, 0, 1), Flush::No);
 }
 
 void MakeSample(const fs::path& templates, const fs::path& target) {
@@ -95,7 +95,7 @@ void MakeSample(const fs::path& templates, const fs::path& target) {
   for (const fs::path& folder : {target / "velmoran", data, campaign}) fs::create_directories(folder);
   fs::copy_file(templates / "Velmoran.ini", target / "velmoran" / "Velmoran.ini");
   fs::copy_file(templates / "Velmoran.txt", data / "Velmoran.txt");
-  WriteFile((data / "squadron.dat").string(), Roster());
+  WriteFile((data / "squadron.dat").string(), Roster(), Flush::No);
   WriteDay(campaign, "campgn01", sample::PlanOrdinaryDay, 800);
   WriteDay(campaign, "campgn02", sample::PlanLargestDay, 1300);
 }

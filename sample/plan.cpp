@@ -5,7 +5,7 @@
 #include <initializer_list>
 #include <vector>
 
-#include "massage/altitude.h"
+#include "state/altitude_bytes.h"
 #include "state/numbering.h"
 
 namespace sample {

@@ -1,7 +1,6 @@
-// A form and a source of draws that tests script and read back, in place of a front end and of Rnd.
+// A form and a source of random draws for tests, instead of a front end and of Rnd.
 #pragma once
 
-#include <initializer_list>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -26,7 +25,7 @@ struct ProgramEnded {
 };
 
 // The draws to come, in order. A draw beyond them fails the test.
-void Script(std::initializer_list<float> draws);
+void Script(std::vector<float> draws);
 std::size_t DrawsLeft();
 
 // "3,-1,0.5"

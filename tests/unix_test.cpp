@@ -1,15 +1,11 @@
-// What only a Unix system can be made to show: files of other names, limits, full devices.
-#include <dlfcn.h>
-#include <sys/resource.h>
+// What only a Unix system can show: case in names, odd files, permissions, a disk that can't be flushed.
 #include <unistd.h>
 
 #include <cerrno>
-#include <csignal>
-#include <cstdio>
 
 #include "campaign_folder.h"
-#include "files/path.h"
-#include "report/report.h"
+#include "files/disk.h"
+#include "state/failure.h"
 
 using namespace velmoran;
 
@@ -18,17 +14,14 @@ namespace {
 namespace fs = std::filesystem;
 using UnixTest = CampaignFolder;
 
-bool closingFails = false;
+int flushError = 0;  // of the next flush, a value of errno
 
 }  // namespace
 
-// In front of the library's own, which no ordinary disk makes fail.
-extern "C" int fclose(std::FILE* file) {
-  static const auto close = reinterpret_cast<int (*)(std::FILE*)>(dlsym(RTLD_NEXT, "fclose"));
-  const int result = close(file);
-  if (!closingFails) return result;
-  errno = EIO;
-  return EOF;
+// Replaces the system's, which no ordinary disk makes fail.
+extern "C" int fsync(int /*file*/) {
+  errno = flushError;
+  return flushError == 0 ? 0 : -1;
 }
 
 namespace {
@@ -40,92 +33,88 @@ void Forbid(const fs::path& file, bool forbidden) {
   EXPECT_EQ(seteuid(forbidden && getuid() == 0 ? 65534 : getuid()), 0);
 }
 
-TEST_F(UnixTest, FailedWriteKeepsTheFlightsUntilItSucceeds) {
-  EXPECT_EQ(MassageOf(Poked(sound, 13, 1)), Messages{});  // short enough to be cut at every length
-  ::Write(root / "campaign/report.txt", "of yesterday");
-  std::signal(SIGXFSZ, SIG_IGN);
+TEST_F(UnixTest, WriteThatFailsCanBePressedAgain) {
+  EXPECT_EQ(MassageOf(sound), Messages{});
   const Bytes plan = Composed();
-  const fakes::Form massaged = fakes::form;
-  const auto meetsAll = [&](void (*event)(RunState&), const std::string& name, const Bytes& bytes,
-                            const std::string& buttons, const std::string& kept) {
-    const std::string place = " ../campaign/" + name,
-                      unopened = place + " can't be opened for writing: ", untouched = "; nothing was written",
-                      cut = " of " + std::to_string(bytes.size()) + " bytes could be written: ",
-                      incomplete = "; it is incomplete now";
-    const fs::path folder = root / "campaign", file = folder / name, aside = root / "aside";
-    Bytes old = Read(file);
-    const auto fails = [&](const std::string& told, const Bytes& left, const auto& trouble) {
-      fakes::form = massaged;
-      trouble(true);
-      const Messages said = Press(event, place.substr(1));
-      trouble(false);
-      EXPECT_EQ(said, Messages{"Error # " + told + kept});
-      EXPECT_EQ(fakes::form.buttons + fakes::form.hint, massaged.buttons + massaged.hint);
-      EXPECT_TRUE(Composed() == plan && Read(file) == left) << told;
-    };
-    const auto succeeds = [&] {
-      EXPECT_EQ(Press(event, place.substr(1)), Messages{});
-      EXPECT_EQ(fakes::form.buttons, buttons);
-      EXPECT_TRUE(Composed() == plan && Read(file) == bytes);
-      old = bytes;
-    };
-    const auto inPlaceOf = [&](const fs::path& path, const std::string& told, const auto& put) {
-      fails(told, old, [&](bool begins) {
-        begins ? fs::rename(path, aside) : void(fs::remove(path));
-        begins ? put(path) : fs::rename(aside, path);
-      });
-      succeeds();
-    };
-    inPlaceOf(folder, "53" + unopened + "No such file or directory" + untouched, [](const fs::path&) {});
-    inPlaceOf(folder, "53" + unopened + "Not a directory" + untouched, [](const fs::path& path) { ::Write(path, ""); });
-    inPlaceOf(file, "75" + unopened + "Is a directory" + untouched,
-              [](const fs::path& path) { fs::create_directory(path); });
-    inPlaceOf(file, "61" + place + ": only 0" + cut + "No space left on device" + incomplete,
-              [](const fs::path& path) { fs::create_symlink("/dev/full", path); });
-    fails("70" + unopened + "Permission denied" + untouched, old, [&](bool begins) { Forbid(file, begins); });
-    succeeds();
-    for (std::size_t size = 0; size < bytes.size(); ++size) {
-      fs::remove(file);  // faster than to empty it
-      fails("61" + place + ": only " + std::to_string(size) + cut + "File too large" + incomplete,
-            bytes.substr(0, size), [&](bool begins) {
-              const rlimit limit{begins ? size : RLIM_INFINITY, RLIM_INFINITY};
-              setrlimit(RLIMIT_FSIZE, &limit);
-            });
-    }
-    succeeds();
-    fails("75" + place + " can't be closed: Input/output error; it may be incomplete now", bytes,
-          [](bool begins) { closingFails = begins; });
-    succeeds();
+  const auto write = [this](int error) {
+    flushError = error;
+    return Press(WriteB_Click);
   };
-  meetsAll(WriteB_Click, "campgn01.mis", plan, "--R-E",
-           "; the massaged flights are kept: mend the cause and press Write again");
-  meetsAll(ReportB_Click, "report.txt", ComposeReport(*state), massaged.buttons, "");
+  const Bytes again = " The massaged flights are kept: remove the cause, and press Write again before you exit.";
+  Forbid(mis, true);
+  EXPECT_EQ(write(0), Messages{"Error # 70 " + mis.string() +
+                               " can't be opened for writing: permission denied. Nothing was written." + again});
+  Forbid(mis, false);
+  EXPECT_EQ(Read(mis), sound);
+  EXPECT_EQ(write(EIO), Messages{"Error # 75 " + mis.string() +
+                                 " can't be completed on the disk: system error 5. "
+                                 "The file may be incomplete now." +
+                                 again});
+  EXPECT_EQ(write(EDQUOT).at(0).substr(0, 11), "Error # 61 ");
+  EXPECT_EQ(fakes::form.buttons, "--RWE");
+  EXPECT_EQ(write(EINVAL), Messages{});  // a file system that can't flush
+  EXPECT_EQ(Read(mis), plan);
 }
 
 TEST_F(UnixTest, FilesThatCantBeRead) {
   Load();
-  const std::string place = "../campaign/campgn01.mis", unchanged = "; the mission file was not changed";
-  EXPECT_EQ(Open(".."), Messages{"Error # 75 .. can't be opened: Is a directory" + unchanged});
-  EXPECT_EQ(Open("/dev/null"), Messages{"Error # 75 /dev/null can't be opened: Operation not supported" + unchanged});
+  const Bytes opens = " can't be opened: ", unchanged = ". No file was changed. ",
+              restore = "If it is the right file, it is damaged: restore your copy of the campaign folder.";
+  EXPECT_EQ(Open(".."), Messages{"Error # 75 " + root.string() + opens + "it is a folder" + unchanged + restore});
+  EXPECT_EQ(Open("/dev/null"),
+            Messages{"Error # 75 /dev/null" + opens + "it is not a regular file" + unchanged + restore});
+  EXPECT_EQ(Open("a\tb\xC2\x9B"),
+            Messages{"Error # 53 " + (root / "velmoran/a?b?").string() + opens + "the file does not exist" + unchanged +
+                     "Choose the mission file of your campaign, campgn??.mis."});
   Forbid(mis, true);
-  EXPECT_EQ(Open(place), Messages{"Error # 70 " + place + " can't be opened: Permission denied" + unchanged});
+  EXPECT_EQ(Open(), Messages{"Error # 70 " + mis.string() + opens + "permission denied" + unchanged +
+                             "Close other programs that use it, and check that you may read it."});
   Forbid(mis, false);
   fs::resize_file(mis, (256 << 20) + 1);
-  EXPECT_EQ(Open(place), Messages{"Error # 75 " + place + " is larger than 256 MiB" + unchanged});
+  EXPECT_EQ(Open(), Messages{"Error # 75 " + mis.string() + " is larger than 256 MiB" + unchanged + restore});
 }
 
 TEST_F(UnixTest, PathsOfAnotherSystem) {
-  const auto opens = [](const std::string& path) { return OpenForReading(path) != nullptr; };
-  EXPECT_TRUE(opens("..\\CAMPAIGN\\Campgn01.MIS"));
-  EXPECT_TRUE(opens((root / "Campaign/campgn01.DAT").string()));
-  EXPECT_FALSE(opens("..\\campaign\\campgn03.mis"));
-  EXPECT_FALSE(opens(Bytes("../campaign/campgn01.mis\0x", 26)));
-  ::Write("odd\\name", "as it stands");
-  EXPECT_TRUE(opens("odd\\name"));
-  fs::create_directory(root / "Campaign");  // written so, it goes first
-  EXPECT_FALSE(opens("../Campaign/campgn01.mis"));
-  OpenForWriting("..\\CAMPAIGN\\Report.TXT").reset();
-  EXPECT_TRUE(fs::exists(root / "Campaign/Report.TXT"));
+  const auto found = [](const std::string& path) {
+    try {
+      return InputFile(path, "").Path();
+    } catch (const Failure&) {
+      return std::string("nothing");
+    }
+  };
+  EXPECT_EQ(found("..\\CAMPAIGN\\.\\Campgn01.MIS"), mis.string());
+  EXPECT_EQ(found((root / "Campaign/campgn01.DAT").string()), dat.string());
+  EXPECT_EQ(found("..\\campaign\\campgn03.mis"), "nothing");
+  EXPECT_EQ(found(Bytes("../campaign/campgn01.mis\0x", 26)), "nothing");
+  fs::create_directory_symlink(root / "campaign", "link");
+  EXPECT_EQ(found("link/../data/simpatch/squadron.dat"),
+            (root / "velmoran/link/../data/simpatch/squadron.dat").string());
+  ::Write("odd\\name", "");
+  EXPECT_EQ(found("odd\\name"), (root / "velmoran/odd\\name").string());
+  fs::create_directory(root / "Campaign");  // the exact name goes first
+  EXPECT_EQ(found("../Campaign/campgn01.mis"), "nothing");
+}
+
+TEST_F(UnixTest, ReportGetsExactlyTheNameThatIsTyped) {
+  Load();
+  Open();
+  for (const char* other : {"NOTES.TXT", "missionreport.TXT"}) ::Write(other, "kept");
+  EXPECT_EQ(Press(ReportB_Click, "notes.txt"), Messages{});
+  EXPECT_EQ(Press(ReportB_Click), Messages{});
+  EXPECT_EQ(Press(ReportB_Click, "..\\CAMPAIGN\\Report.TXT"), Messages{});
+  EXPECT_EQ(Read("NOTES.TXT") + Read("missionreport.TXT"), "keptkept");
+  EXPECT_EQ(Read("notes.txt"), Read("MissionReport.txt"));
+  EXPECT_EQ(Read("notes.txt"), Read(root / "campaign/Report.TXT"));
+}
+
+TEST_F(UnixTest, WriteGoesToTheFileThatWasOpened) {
+  Load();
+  EXPECT_EQ(Open("..\\Campaign\\CAMPGN01.mis"), Messages{});
+  EXPECT_EQ(state->MisPath, "..\\Campaign\\CAMPGN01.mis");
+  ::Write(root / "campaign/CAMPGN01.mis", "another");  // since then
+  EXPECT_EQ((Press(MassageB_Click), Press(WriteB_Click)), Messages{});
+  EXPECT_EQ(Read(root / "campaign/CAMPGN01.mis"), "another");
+  EXPECT_EQ(Read(mis), Composed());
 }
 
 TEST_F(UnixTest, DialogsTakeAnyNameAndKeepNothing) {

@@ -7,8 +7,6 @@ namespace {
 
 using Path = std::filesystem::path;
 
-std::string Native(Path path) { return path.make_preferred().string(); }
-
 // The lines that begin so, without their beginning.
 Messages Lines(const Bytes& text, const std::string& beginning) {
   Messages lines;

@@ -1,6 +1,6 @@
-// Little-endian, packed fields in the bytes of a file. A record's field list, a function that hands each field in
-// file order to its first argument, serves FieldWidths, FieldReader and FieldWriter alike. ByteCursor walks a whole
-// file, checking each step against what is left.
+// Reads and writes the packed, little-endian fields of a file. A record's field list is a function that passes each
+// field, in file order, to its first argument: FieldWidths, FieldReader or FieldWriter. ByteCursor walks a whole file
+// and checks each step against the bytes that remain.
 #pragma once
 
 #include <cstring>
@@ -8,25 +8,13 @@
 #include <string>
 #include <string_view>
 
-#include "files/failure.h"
+#include "state/failure.h"
+#include "state/little_endian.h"
 #include "state/types.h"
 
 namespace velmoran {
 
-constexpr Integer IntegerAt(const Byte* at) {
-  return static_cast<Integer>(at[0] | at[1] << 8);
-}
-
-constexpr Long LongAt(const Byte* at) {
-  return static_cast<Long>(at[0] | std::uint32_t{at[1]} << 8 | std::uint32_t{at[2]} << 16 | std::uint32_t{at[3]} << 24);
-}
-
-constexpr void PutLong(Byte* at, Long value) {
-  const auto bits = static_cast<std::uint32_t>(value);
-  for (int i = 0; i < 4; ++i) at[i] = static_cast<Byte>(bits >> (8 * i));
-}
-
-// Adds up the bytes that the fields take in the file.
+// Sums the widths of the fields in the file, in bytes.
 struct FieldWidths {
   std::size_t total = 0;
 
@@ -38,7 +26,7 @@ struct FieldWidths {
   }
 };
 
-// Fills the fields from the bytes on, which must hold as many as FieldWidths tells.
+// Reads the fields starting at at. Requires FieldWidths bytes.
 struct FieldReader {
   const Byte* at;
 
@@ -58,7 +46,7 @@ struct FieldReader {
   }
 };
 
-// Stores the fields from the bytes on, which must have room for as many as FieldWidths tells.
+// Writes the fields starting at at. Requires room for FieldWidths bytes.
 struct FieldWriter {
   Byte* at;
 
@@ -80,12 +68,12 @@ struct FieldWriter {
 
 class ByteCursor {
  public:
-  // Begins at the offset, which may lie behind the end of the bytes.
+  // Starts at the offset, which may be past the end of the bytes.
   ByteCursor(std::span<const Byte> bytes, std::string_view file, std::int64_t offset = 0)
       : bytes_(bytes), file_(file), offset_(offset) {}
 
-  // The next bytes, and steps behind them. Throws Failure, which names the file, the part of it that these bytes
-  // belong to and the offset, when the file ends before.
+  // Returns the next count bytes and moves past them. Throws Failure, which names the file, the part that these bytes
+  // belong to and the offset, if the file ends before.
   const Byte* Take(std::int64_t count, std::string_view part, Long number = -1) {
     const std::int64_t missing = offset_ + count - static_cast<std::int64_t>(bytes_.size());
     if (missing > 0) {

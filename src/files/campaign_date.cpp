@@ -28,11 +28,12 @@ const Byte* At(const std::vector<Byte>& bytes, std::string_view file, Long offse
 }
 
 Long CountAt(const std::vector<Byte>& bytes, std::string_view file, Long offset, Long limit) {
+  // Quirk 28: 2 of the count's 4 bytes.
   const Long count = IntegerAt(At(bytes, file, offset, 2, "count of a list"));
   if (count < 0 || count > limit) {
-    throw Failure{FailureNumber::OutsideTable, std::string(file) + " at offset " + std::to_string(offset) +
-                                                   ": a list of " + std::to_string(count) +
-                                                   " entries is outside 0 to " + std::to_string(limit)};
+    throw Failure{FailureNumber::OutsideTable,
+                  std::string(file) + " at offset " + std::to_string(offset) + ": " +
+                      OutsideText("a list of " + std::to_string(count) + " entries", 0, limit)};
   }
   return count;
 }
@@ -48,8 +49,9 @@ Integer PeriodOf(std::int64_t days) {
 }  // namespace
 
 void ReadCampaignDate(RunState& run) {
-  const std::vector<Byte> bytes = ReadFile(run.DatPath);
-  const std::string_view file = FileName(run.DatPath);
+  const InputFile input(run.DatPath, "The campaign file must be beside the mission file, with the extension dat.");
+  const std::vector<Byte> bytes = input.ReadAll();
+  const std::string file = Printable(input.Path());
   const Long date = LongAt(At(bytes, file, DateAt, 4, "date"));
   const Integer gate = IntegerAt(At(bytes, file, GateAt, 2, "first control word"));
   const Long first = CountAt(bytes, file, FirstCountAt, FirstListLimit);

@@ -1,7 +1,12 @@
-// Files read and written whole: opened, moved in one piece and closed within one call.
+// The files on disk. disk_posix.cpp and disk_win32.cpp implement this header, the fuzzers' memory_disk.cpp does so
+// without a disk; each program links one of them.
+//
+// Every Failure thrown here names the whole path of the file and the reason, in the same words on every system.
 #pragma once
 
+#include <cstdint>
 #include <span>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -9,12 +14,45 @@
 
 namespace velmoran {
 
-// All bytes of the file. Throws Failure when it can't be opened or read, isn't a regular file, or is larger than 256
-// MiB, which no file of the simulation is.
-std::vector<Byte> ReadFile(std::string_view path);
+// The directory against which the system resolves relative paths, without a trailing separator unless it is a root;
+// "" if the system can't say.
+std::string CurrentDirectory();
 
-// Empties or creates the file, hands the bytes to the system in one write, and closes it. Throws Failure, which tells
-// whether nothing was written (it couldn't be opened) or the file is incomplete now (writing or closing failed).
-void WriteFile(std::string_view path, std::span<const Byte> bytes);
+// A file open for reading, and closed with this object.
+class InputFile {
+ public:
+  // Opens the file that the path means. Where the system isn't Windows, the path is tried as it is written, then with
+  // "\" read as "/"; a component that doesn't exist as written is matched by SameButForCase (the first in byte order
+  // if several match). Throws Failure if it can't be opened or isn't a regular file; adviceIfMissing is what the user
+  // can do if it doesn't exist.
+  InputFile(std::string_view path, std::string_view adviceIfMissing);
+  ~InputFile();
+  InputFile(const InputFile&) = delete;
+  InputFile& operator=(const InputFile&) = delete;
+
+  // The whole path of the file, in the system's own spelling.
+  const std::string& Path() const { return path_; }
+
+  // All bytes of the file, in one read. Throws Failure if it can't be read or is larger than 256 MiB, which no file of
+  // the simulation is.
+  std::vector<Byte> ReadAll() const;
+
+ private:
+  std::string path_;
+  std::intptr_t handle_;
+};
+
+// The whole path of a file with exactly the name that the path ends in; its folders are found as by InputFile.
+std::string PathForReport(std::string_view path);
+
+enum class Flush { No, ToDisk };
+
+// Empties or creates the file at a path as given by InputFile or PathForReport, hands the bytes to the system in one
+// write, with Flush::ToDisk waits until they are on the disk, and closes the file. Meanwhile a request to end the
+// program (a signal; on Windows Ctrl+C or closing the console) is held back, and takes effect afterwards.
+//
+// Throws Failure, which says whether nothing was written (the file can't be opened, or isn't a regular file) or the
+// file is incomplete.
+void WriteFile(const std::string& path, std::span<const Byte> bytes, Flush flush);
 
 }  // namespace velmoran

@@ -1,16 +1,6 @@
 #include "files/path.h"
 
 #include <algorithm>
-#include <cerrno>
-
-#ifdef _WIN32
-#include <sys/stat.h>
-
-#include "files/utf16.h"
-#else
-#include <filesystem>
-#include <system_error>
-#endif
 
 namespace velmoran {
 
@@ -23,11 +13,6 @@ std::string DropLastCharacters(std::string_view text, int count) {
   return std::string(text);
 }
 
-std::string_view FileName(std::string_view path) {
-  const std::size_t separator = path.find_last_of("/\\");
-  return separator == std::string_view::npos ? path : path.substr(separator + 1);
-}
-
 bool SameButForCase(std::string_view one, std::string_view other) {
   const auto small = [](char letter) {
     return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
@@ -35,119 +20,15 @@ bool SameButForCase(std::string_view one, std::string_view other) {
   return std::ranges::equal(one, other, {}, small, small);
 }
 
-namespace {
-
-enum class Kind { Nothing, RegularFile, Directory, Other };
-
-#ifdef _WIN32
-
-using SystemPath = std::wstring;
-constexpr auto ReadMode = L"rb", WriteMode = L"wb";
-
-SystemPath AsWritten(std::string_view path) {
-  return ToUtf16(path);
-}
-
-SystemPath AsMeant(std::string_view path) {
-  return AsWritten(path);
-}
-
-Kind KindOf(const SystemPath& path) {
-  struct _stat64 status;
-  if (_wstat64(path.c_str(), &status) != 0) return Kind::Nothing;
-  const auto type = status.st_mode & S_IFMT;
-  return type == S_IFREG ? Kind::RegularFile : type == S_IFDIR ? Kind::Directory : Kind::Other;
-}
-
-std::FILE* Open(const SystemPath& path, const wchar_t* mode) {
-  return _wfopen(path.c_str(), mode);
-}
-
-#else
-
-namespace fs = std::filesystem;
-
-using SystemPath = fs::path;
-constexpr auto ReadMode = "rb", WriteMode = "wb";
-
-// The entry of the directory that the name means; the name itself when there is none.
-fs::path EntryLike(const fs::path& directory, const fs::path& name) {
-  std::error_code error;
-  if (fs::exists(directory / name, error)) return name;
-  fs::path match;
-  fs::directory_iterator entry(directory.empty() ? "." : directory, error);
-  for (; !error && entry != fs::directory_iterator(); entry.increment(error)) {
-    const fs::path candidate = entry->path().filename();
-    if (SameButForCase(candidate.native(), name.native()) && (match.empty() || candidate < match)) {
-      match = candidate;
-    }
+std::string Printable(std::string_view path) {
+  std::string shown(path);
+  for (std::size_t at = 0; at < shown.size(); ++at) {
+    const auto byte = static_cast<unsigned char>(shown[at]);
+    const auto next = static_cast<unsigned char>(at + 1 < shown.size() ? shown[at + 1] : 0);
+    if (byte < 0x20 || byte == 0x7F) shown[at] = '?';
+    if (byte == 0xC2 && next >= 0x80 && next < 0xA0) shown.replace(at, 2, "?");  // U+0080 to U+009F in UTF-8
   }
-  return match.empty() ? name : match;
-}
-
-SystemPath AsWritten(std::string_view path) {
-  return path;
-}
-
-SystemPath AsMeant(std::string_view path) {
-  std::string slashed(path);
-  std::ranges::replace(slashed, '\\', '/');
-  fs::path meant;
-  for (const fs::path& component : fs::path(slashed)) meant /= EntryLike(meant, component);
-  return meant;
-}
-
-Kind KindOf(const SystemPath& path) {
-  std::error_code error;  // what can't be looked at fails when it is opened
-  const fs::file_status status = fs::status(path, error);
-  if (!fs::exists(status)) return Kind::Nothing;
-  return fs::is_regular_file(status) ? Kind::RegularFile : fs::is_directory(status) ? Kind::Directory : Kind::Other;
-}
-
-std::FILE* Open(const SystemPath& path, const char* mode) {
-  return std::fopen(path.c_str(), mode);
-}
-
-#endif
-
-struct Located {
-  SystemPath path;
-  Kind kind;
-};
-
-Located Locate(std::string_view path) {
-  if (path.find('\0') != std::string_view::npos) return {};  // the system would take what stands before it
-  SystemPath written = AsWritten(path);
-  if (const Kind kind = KindOf(written); kind != Kind::Nothing) return {written, kind};
-  SystemPath meant = AsMeant(path);
-  const Kind kind = KindOf(meant);
-  return {meant, kind};
-}
-
-}  // namespace
-
-std::string CurrentDirectory() {
-#ifdef _WIN32
-  std::wstring path(GetCurrentDirectoryW(0, nullptr), L'\0');
-  path.resize(GetCurrentDirectoryW(static_cast<DWORD>(path.size()), path.data()));
-  return ToUtf8(path);
-#else
-  std::error_code error;
-  return fs::current_path(error).string();
-#endif
-}
-
-OpenFile OpenForReading(std::string_view path) {
-  const auto [file, kind] = Locate(path);
-  if (kind == Kind::Directory || kind == Kind::Other) {
-    errno = kind == Kind::Directory ? EISDIR : EOPNOTSUPP;
-    return nullptr;
-  }
-  return OpenFile(Open(file, ReadMode));
-}
-
-OpenFile OpenForWriting(std::string_view path) {
-  return OpenFile(Open(Locate(path).path, WriteMode));
+  return shown;
 }
 
 }  // namespace velmoran

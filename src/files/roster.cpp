@@ -1,6 +1,5 @@
 #include "files/roster.h"
 
-#include <algorithm>
 #include <span>
 #include <vector>
 
@@ -25,26 +24,22 @@ void SkipList(ByteCursor& cursor, const ByteCursor& record, Long row, Long count
   cursor.Take(count * entryWidth, "record", row);
 }
 
-// The squadron's row, the last of several; null when the roster doesn't hold it.
-const SquadRec* FindSquadron(const RunState& run, Long squadID) {
-  const auto last = run.Squadrons.rend() - SquadronsFilled;
-  const auto found = std::find_if(last, run.Squadrons.rend(),
-                                  [squadID](const SquadRec& squadron) { return squadron.squadID == squadID; });
-  return found == run.Squadrons.rend() ? nullptr : &*found;
-}
-
 }  // namespace
 
 void GetSquadInfo(RunState& run) {
-  const std::string path = run.DataPath + "\\squadron.dat";
-  const std::vector<Byte> bytes = ReadFile(path);
-  ByteCursor cursor(bytes, FileName(path));
+  const InputFile input(run.DataPath + "\\squadron.dat",
+                        "It is part of the simulation. The tool's folder must have a name of eight characters and be "
+                        "beside the simulation's data folder.");
+  const std::vector<Byte> bytes = input.ReadAll();
+  const std::string file = Printable(input.Path());
+  ByteCursor cursor(bytes, file);
   for (Long row = 0; row < SquadronsFilled; ++row) {
     const ByteCursor start = cursor;
     const Byte* record = cursor.Take(FixedWidth, "record", row);
     SquadRec& squadron = run.Squadrons[row];
     squadron.SquadName.clear();
     for (const Byte letter : std::span(record, NameLetters)) {
+      // Quirk 24: every asterisk is dropped.
       if (letter != '*') squadron.SquadName += static_cast<char>(letter);
     }
     squadron.squadID = IntegerAt(record + IdAt);
@@ -52,15 +47,6 @@ void GetSquadInfo(RunState& run) {
     SkipList(cursor, start, row, LongAt(record + FirstCountAt), FirstEntryWidth);
     SkipList(cursor, start, row, LongAt(cursor.Take(SecondCountWidth, "record", row)), SecondEntryWidth);
   }
-}
-
-void GetNation(const RunState& run, Integer squadID, Integer& nation) {
-  if (const SquadRec* squadron = FindSquadron(run, squadID)) nation = squadron->nation;
-}
-
-void GetSquadName(const RunState& run, Long squadID, std::string_view& SquadName) {
-  const SquadRec* squadron = FindSquadron(run, squadID);
-  SquadName = squadron ? std::string_view(squadron->SquadName) : "Unknown";
 }
 
 }  // namespace velmoran

@@ -3,34 +3,31 @@
 #include <algorithm>
 #include <string>
 
-#include "files/failure.h"
-#include "files/path.h"
-#include "files/roster.h"
-#include "massage/flight_size.h"
+#include "state/failure.h"
 #include "state/numbering.h"
+#include "state/player.h"
+#include "state/roster.h"
 
 namespace velmoran {
 
 namespace {
 
-// A value that leads out of a table. part is where it stands in the mission file, row the number of a record.
-void CheckRange(const RunState& run, std::string_view part, Long row, std::string_view field, Long value, Long least,
-                Long most) {
+// Requires the value to be within its limits. part is its place in the mission file, row the number of a record there.
+void CheckRange(std::string_view part, Long row, std::string_view field, Long value, Long least, Long most) {
   if (value >= least && value <= most) return;
-  throw Failure{FailureNumber::OutsideTable, std::string(FileName(run.MisPath)) + ", " + std::string(part) +
-                                                 (row < 0 ? "" : " " + std::to_string(row)) + ": " +
-                                                 std::string(field) + " " + std::to_string(value) + " is outside " +
-                                                 std::to_string(least) + " to " + std::to_string(most)};
+  throw Failure{FailureNumber::OutsideTable,
+                std::string(part) + (row < 0 ? "" : " " + std::to_string(row)) + ": " +
+                    OutsideText(std::string(field) + " " + std::to_string(value), least, most)};
 }
 
 void CheckRow(const RunState& run, Integer row) {
   const MissionRec& flight = run.Missions[row];
-  CheckRange(run, "record", row, "MissionType", flight.MissionType, 0, TypeRows - 1);
-  CheckRange(run, "record", row, "SquadID", flight.SquadID, 0, SquadronRows - 1);
-  CheckRange(run, "record", row, "Planes slot 0", flight.Planes[0], EmptySlot, AircraftRows - 1);
-  Integer nation = 0;
+  CheckRange("record", row, "MissionType", flight.MissionType, 0, TypeRows - 1);
+  CheckRange("record", row, "SquadID", flight.SquadID, 0, SquadronRows - 1);
+  CheckRange("record", row, "Planes slot 0", flight.Planes[0], EmptySlot, AircraftRows - 1);
+  Integer nation = NationZero;
   GetNation(run, Narrow(flight.SquadID), nation);
-  CheckRange(run, "record", row, "the nation of its squadron in squadron.dat,", nation, 0, Nations - 1);
+  CheckRange("record", row, "the nation of its squadron in squadron.dat,", nation, 0, Nations - 1);
 }
 
 Long PilotsOf(const MissionRec& flight) {
@@ -42,22 +39,22 @@ void CheckPlayerSquadron(const RunState& run) {
   for (Integer row = 0; row < run.LoadedCount; ++row) {
     const MissionRec& flight = run.Missions[row];
     if (!InPlayerSquadron(run, flight)) continue;
-    if (flight.FlightID == run.PlayerFlight) {
-      ownPilots = PilotsOf(flight);  // of several such rows the last one counts
+    if (IsPlayerFlight(run, flight)) {
+      ownPilots = PilotsOf(flight);  // of several such rows, the last one counts
     } else {
       ++others;
       otherPilots += PilotsOf(flight);
     }
   }
-  CheckRange(run, "player's squadron", -1, "number of flights beside the player's", others, 0, PlayerFlights - 1);
-  CheckRange(run, "player's squadron", -1, "number of pilots", ownPilots + otherPilots, 0, PlayerPilots);
+  CheckRange("player's squadron", -1, "number of flights beside the player's", others, 0, PlayerFlights - 1);
+  CheckRange("player's squadron", -1, "number of pilots", ownPilots + otherPilots, 0, PlayerPilots);
 }
 
 }  // namespace
 
 void CheckPlan(const RunState& run) {
   if (run.LoadedCount == 0) return;
-  CheckRange(run, "header", -1, "PlayerFlight", run.PlayerFlight, 0, MissionRows - 1);
+  CheckRange("header", -1, "PlayerFlight", run.PlayerFlight, 0, MissionRows - 1);
   for (Integer row = 0; row < run.LoadedCount; ++row) CheckRow(run, row);
   CheckPlayerSquadron(run);
 }

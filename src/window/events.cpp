@@ -1,19 +1,22 @@
 #include "window/events.h"
 
+#include <new>
 #include <span>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "files/campaign_date.h"
 #include "files/disk.h"
-#include "files/failure.h"
 #include "files/mission_file.h"
 #include "files/path.h"
 #include "files/roster.h"
 #include "files/setup.h"
+#include "massage/massage_stopped.h"
 #include "massage/plan_check.h"
 #include "massage/sequence.h"
 #include "report/report.h"
+#include "state/failure.h"
 #include "state/rnd.h"
 
 namespace velmoran {
@@ -28,6 +31,7 @@ constexpr std::string_view OpenedHint =
     "You can also press Generate Report to get a report of mission paramaters before massaging";
 constexpr std::string_view MassagedHint =
     "Data massage complete.  Press Write to save the altered mission types and altitudes.  "
+    // Quirk 1: spelling kept.
     "You can also press Generate Report to get a report of mission paramaters after massaging";
 constexpr std::string_view WrittenHint =
     "Write complete.  Press Exit to exit the program.  "
@@ -39,96 +43,145 @@ constexpr std::string_view ReportName = "MissionReport.txt";
 constexpr int FolderNameLength = 8;  // of the folder that the tool runs in, beside the simulation's data folder
 constexpr int ExtensionLength = 3;
 
-void ShowHint(RunState& run, std::string_view hint) {
-  run.HintText = hint;
+// A state of the form: which buttons are enabled, and the hint. ExitB is always enabled.
+struct FormState {
+  bool openB, massageB, reportB, writeB;
+  std::string_view hint;
+};
+constexpr FormState Started{true, false, false, false, StartHint};
+constexpr FormState Opened{false, true, true, false, OpenedHint};
+constexpr FormState Massaged{false, false, true, true, MassagedHint};
+constexpr FormState Written{false, false, true, false, WrittenHint};
+
+void Enter(RunState& run, const FormState& state) {
+  EnableButton(Button::OpenB, state.openB);
+  EnableButton(Button::MassageB, state.massageB);
+  EnableButton(Button::ReportB, state.reportB);
+  EnableButton(Button::WriteB, state.writeB);
+  run.HintText = state.hint;
   SetHintText(run.HintText);
 }
 
-void ShowRefusal(const Failure& failure) {
-  ShowMessage(FailureText(failure) + "; the mission file was not changed");
+// Shows a failure after which no file has changed.
+void ShowRefusal(Failure failure, std::string_view advice) {
+  failure.description += ". No file was changed";
+  if (failure.advice.empty()) failure.advice = advice;
+  ShowMessage(FailureText(failure));
 }
 
 }  // namespace
 
 void Form_Load(RunState& run) {
-  SeedRnd(run);
-  run.MisPath.clear();
-  SetInitialValues(run);
-  run.WorkDir = CurrentDirectory();
-  run.DataPath = DropLastCharacters(run.WorkDir, FolderNameLength) + "data\\simpatch";
   try {
+    SeedRnd(run);
+    run.MisPath.clear();
+    SetInitialValues(run);
+    run.WorkDir = CurrentDirectory();
+    // Quirk 10: with a folder name of any length.
+    run.DataPath = DropLastCharacters(run.WorkDir, FolderNameLength) + "data\\simpatch";
     ReadSetup(run);
     GetSquadInfo(run);
-  } catch (const Failure& failure) {
+  } catch (Failure& failure) {
+    if (failure.advice.empty()) failure.advice = "Replace it with an intact copy.";
     ShowMessage(FailureText(failure));
     EndProgram(true);
+  } catch (const std::bad_alloc&) {
+    ShowMessage(NotEnoughMemoryToStart);
+    EndProgram(true);
   }
-  EnableButton(Button::MassageB, false);
-  EnableButton(Button::ReportB, false);
-  EnableButton(Button::WriteB, false);
-  ShowHint(run, StartHint);
+  Enter(run, Started);
 }
 
 void OpenB_Click(RunState& run) {
-  run.MisPath = ShowOpenDialog(run.WorkDir, AnyMissionFile);
-  if (run.MisPath == AnyMissionFile || run.MisPath.empty()) return;
   try {
-    const std::vector<Byte> image = ReadFile(run.MisPath);
+    run.MisPath = ShowOpenDialog(run.WorkDir, AnyMissionFile);
+    if (run.MisPath == AnyMissionFile || run.MisPath.empty()) return;  // Quirk 13: this text means Cancel.
+    const InputFile file(run.MisPath, "Choose the mission file of your campaign, campgn??.mis.");
+    std::string path = file.Path();
+    const std::string shownPath = Printable(path);
+    // Quirk 14: with any extension.
     run.DatPath = DropLastCharacters(run.MisPath, ExtensionLength) + "dat";
     ReadCampaignDate(run);
-    ReadMissions(run, image);
+    ReadMissions(run, file.ReadAll(), shownPath);
+    run.MissionFile = std::move(path);
   } catch (const Failure& failure) {
-    ShowRefusal(failure);
+    ShowRefusal(failure, "If it is the right file, it is damaged: restore your copy of the campaign folder.");
+    return;
+  } catch (const std::bad_alloc&) {
+    ShowMessage(
+        "Error # 7 Not enough memory to open the file. No file was changed. Close other programs and try again.");
     return;
   }
-  SetTargetCaption(run.MisPath);
-  EnableButton(Button::OpenB, false);
-  EnableButton(Button::MassageB, true);
-  EnableButton(Button::ReportB, true);
-  ShowHint(run, OpenedHint);
+  SetTargetCaption(run.MisPath);  // Quirk 7: replaces "Target: " too.
+  Enter(run, Opened);             // Quirk 15: no way back, so Open resets nothing.
 }
 
 void MassageB_Click(RunState& run) {
+  constexpr std::string_view NotEnoughMemory =
+      "Error # 7 Not enough memory for the massage. No file was changed. Close other programs and try again.";
   try {
     CheckPlan(run);
   } catch (const Failure& failure) {
-    ShowRefusal(failure);
+    ShowRefusal({failure.number, Printable(run.MissionFile) + ", " + failure.description},
+                "Velmoran can't massage this plan: press Exit, and fly it as it is.");
+    return;
+  } catch (const std::bad_alloc&) {
+    ShowMessage(NotEnoughMemory);
     return;
   }
-  RunMassage(run);
-  EnableButton(Button::OpenB, false);
-  EnableButton(Button::MassageB, false);
-  EnableButton(Button::ReportB, true);
-  EnableButton(Button::WriteB, true);
-  ShowHint(run, MassagedHint);
+  try {
+    RunMassage(run);
+  } catch (const MassageStopped& stopped) {
+    ShowMessage(stopped.message);
+    EndProgram(true);
+  } catch (const std::bad_alloc&) {  // for the text of MassageStopped
+    ShowMessage(NotEnoughMemory);
+    EndProgram(true);
+  }
+  Enter(run, Massaged);
 }
 
 void ReportB_Click(RunState& run) {
-  const std::string path = ShowSaveDialog(run.WorkDir, ReportName);
-  const std::string report = ComposeReport(run);
   try {
-    WriteFile(path, std::span(reinterpret_cast<const Byte*>(report.data()), report.size()));
-  } catch (const Failure& failure) {
+    // Quirk 16: Cancel gives the name that was offered.
+    const std::string path = ShowSaveDialog(run.WorkDir, ReportName);
+    const std::string report = ComposeReport(run);
+    WriteFile(PathForReport(path), std::span(reinterpret_cast<const Byte*>(report.data()), report.size()), Flush::No);
+  } catch (Failure& failure) {
+    failure.advice = "Remove the cause, or choose another name or folder for the report.";
     ShowMessage(FailureText(failure));
+  } catch (const std::bad_alloc&) {
+    ShowMessage(
+        "Error # 7 Not enough memory: the report is missing or incomplete. Close other programs and try again.");
   }
 }
 
 void WriteB_Click(RunState& run) {
+  run.WriteFailed = true;
+  bool emptied = false;
   try {
-    WriteFile(run.MisPath, ComposeMissionImage(run));  // all of it stands before the file is emptied
-  } catch (const Failure& failure) {
-    ShowMessage(FailureText(failure) + "; the massaged flights are kept: mend the cause and press Write again");
+    const std::vector<Byte> image = ComposeMissionImage(run);  // complete before the file is emptied
+    emptied = true;
+    // Quirk 17: no question and no backup.
+    WriteFile(run.MissionFile, image, Flush::ToDisk);
+    run.WriteFailed = false;
+  } catch (Failure& failure) {
+    failure.advice = "The massaged flights are kept: remove the cause, and press Write again before you exit.";
+    ShowMessage(FailureText(failure));
+    return;
+  } catch (const std::bad_alloc&) {
+    ShowMessage(emptied
+                    ? "Error # 7 Not enough memory. The mission file may be incomplete now. The massaged flights are "
+                      "kept: close other programs, and press Write again before you exit."
+                    : "Error # 7 Not enough memory. No file was changed. The massaged flights are kept: close other "
+                      "programs, and press Write again before you exit.");
     return;
   }
-  EnableButton(Button::OpenB, false);
-  EnableButton(Button::MassageB, false);
-  EnableButton(Button::ReportB, true);
-  EnableButton(Button::WriteB, false);
-  ShowHint(run, WrittenHint);
+  Enter(run, Written);
 }
 
-void ExitB_Click() {
-  EndProgram(false);
+void ExitB_Click(const RunState& run) {
+  EndProgram(run.WriteFailed);
 }
 
 void Press(RunState& run, Button button) {
@@ -142,7 +195,7 @@ void Press(RunState& run, Button button) {
     case Button::WriteB:
       return WriteB_Click(run);
     case Button::ExitB:
-      ExitB_Click();
+      ExitB_Click(run);
   }
 }
 

@@ -3,8 +3,9 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdio>
 #include <cstdlib>
-#include <memory>
+#include <new>
 #include <string>
 
 #include "files/path.h"
@@ -29,36 +30,48 @@ constexpr std::array<Command, 5> Commands{{{"open", Button::OpenB},
 
 // What the form shows at the moment. The seam's functions know no RunState, so the form is the front end's own.
 struct Form {
+  const RunState* run;
   std::array<bool, Commands.size()> enabled{true, true, true, true, true};  // by Button
   std::string target{captions::ltarget};
   std::string hint;
+  std::string commands;  // the words of the buttons that are enabled
 };
 Form form;
+
+constexpr std::size_t LongestHint = 256, LongestCommands = 64;  // in bytes, at least
 
 bool& Enabled(Button button) {
   return form.enabled[static_cast<std::size_t>(button)];
 }
 
-void Print(std::string_view what, std::string_view text) {
-  WriteLine(std::string(what) + std::string(text));
+// Ends the program if standard output fails: what follows, a failed Write too, would be seen by nobody.
+void Print(std::string_view label, std::string_view text) {
+  if (WriteLine(label, text)) return;
+  std::fputs("velmoran-console: standard output can't be written; no further command was done\n", stderr);
+  EndProgram(true);
 }
 
 void PrintForm() {
-  std::string enabled;
+  form.commands.clear();
   for (const Command& command : Commands) {
     if (!Enabled(command.button)) continue;
-    if (!enabled.empty()) enabled += ' ';
-    enabled += command.word;
+    if (!form.commands.empty()) form.commands += ' ';
+    form.commands += command.word;
   }
   Print("target: ", form.target);
   Print("hint: ", form.hint);
-  Print("commands: ", enabled);
+  Print("commands: ", form.commands);
 }
 
 // What is typed next; the end of the input closes the form.
 std::string Typed() {
   std::string line;
-  if (!ReadLine(line)) ExitB_Click();
+  const Input input = ReadLine(line);
+  if (input == Input::End) ExitB_Click(*form.run);
+  if (input == Input::Error) {
+    std::fputs("velmoran-console: standard input can't be read; nothing more was done\n", stderr);
+    EndProgram(true);
+  }
   if (line.ends_with('\r')) line.pop_back();
   return line;
 }
@@ -90,7 +103,9 @@ void Obey(RunState& run, const std::string& word) {
 }  // namespace
 
 std::string ShowOpenDialog(std::string_view /*directory*/, std::string_view fileName) {
-  return Ask(captions::OpenB, fileName);
+  std::string answer = Ask(captions::OpenB, fileName);
+  form.target.reserve(answer.size());  // SetTargetCaption then needs no memory
+  return answer;
 }
 
 std::string ShowSaveDialog(std::string_view /*directory*/, std::string_view fileName) {
@@ -121,14 +136,27 @@ void EndProgram(bool failed) {
 
 int main() {
   using namespace velmoran;
-  const auto run = std::make_unique<RunState>();
-  if (AtTerminal()) Print(captions::Label1, std::string(" ") + std::string(captions::Label2));
-  Form_Load(*run);
+  BeginTerminal();
+  static RunState run;
+  form.run = &run;
+  try {
+    form.hint.reserve(LongestHint);
+    form.commands.reserve(LongestCommands);
+    if (AtTerminal()) Print(captions::Label1, std::string(" ") + std::string(captions::Label2));
+  } catch (const std::bad_alloc&) {
+    ShowMessage(NotEnoughMemoryToStart);
+    EndProgram(true);
+  }
+  Form_Load(run);
   PrintForm();
   while (true) {
-    const std::string word = Trimmed(Typed());
-    if (word.empty()) continue;
-    Obey(*run, word);
+    try {
+      const std::string word = Trimmed(Typed());
+      if (word.empty()) continue;
+      Obey(run, word);
+    } catch (const std::bad_alloc&) {
+      ShowMessage("Error # 7 Not enough memory for this line. Nothing was done.");
+    }
     PrintForm();
   }
 }

@@ -1,18 +1,24 @@
-// Lines of text in UTF-8 from standard input and to standard output, whether a person is at their other end or a
-// program.
+// Lines of UTF-8 text from standard input and to standard output, for a person at a terminal or a program at a pipe.
 #pragma once
 
 #include <string>
+#include <string_view>
 
 namespace velmoran {
+
+// Makes a broken pipe an error of WriteLine instead of the end of the program.
+void BeginTerminal();
 
 // Whether standard input is a terminal.
 bool AtTerminal();
 
-// Takes the next line, without its end; false where the input has ended.
-bool ReadLine(std::string& line);
+enum class Input { Line, End, Error };
 
-// Writes the line and its end at once.
-void WriteLine(const std::string& line);
+// Reads the next line, without its end. The rest of a line for which there isn't enough memory is skipped before
+// std::bad_alloc goes on.
+Input ReadLine(std::string& line);
+
+// Writes the label, the text and a line end at once. False if standard output fails.
+bool WriteLine(std::string_view label, std::string_view text);
 
 }  // namespace velmoran

@@ -42,8 +42,14 @@ class TargetLabel : public QLabel {
 };
 
 class MissionForm : public QWidget {
+ public:
+  explicit MissionForm(const RunState& state) : run(state) {}
+
  protected:
-  void closeEvent(QCloseEvent* /*event*/) override { ExitB_Click(); }
+  void closeEvent(QCloseEvent* /*event*/) override { ExitB_Click(run); }
+
+ private:
+  const RunState& run;
 };
 
 // What the functions of the seam work on.
@@ -73,7 +79,7 @@ void Do(RunState& run, Button button) noexcept {
 
 // Builds the form: bands from top to bottom, parted by rules. The order of the calls is the tab order.
 void BuildForm(RunState& run) {
-  form.window = new MissionForm;
+  form.window = new MissionForm(run);
   form.window->setObjectName("Mission");
   form.window->setWindowTitle(ToQt(captions::Mission));
   const int column = form.window->fontMetrics().averageCharWidth(), line = form.window->fontMetrics().lineSpacing();

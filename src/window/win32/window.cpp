@@ -13,7 +13,7 @@
 #include <utility>
 #include <vector>
 
-#include "files/path.h"
+#include "files/disk.h"
 #include "files/utf16.h"
 #include "platform/platform.h"
 #include "window/captions.h"
@@ -219,7 +219,7 @@ INT_PTR CALLBACK FormEvent(HWND window, UINT message, WPARAM word, LPARAM value)
       }
       return TRUE;
     case WM_CLOSE:
-      ExitB_Click();  // doesn't return
+      ExitB_Click(*form.run);  // doesn't return
     case WM_SIZE:
       if (word != SIZE_MINIMIZED) Arrange();
       return TRUE;

@@ -1,0 +1,75 @@
+// What disk_posix.cpp and disk_win32.cpp say of a file that fails them: one set of words for every system.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+#include "files/path.h"
+#include "state/failure.h"
+
+namespace velmoran {
+
+inline constexpr std::size_t LargestFile = std::size_t{256} << 20;  // in bytes
+
+// Why the system refuses something.
+struct Reason {
+  FailureNumber number;
+  std::string text;
+};
+
+inline Reason DoesNotExist() {
+  return {FailureNumber::FileNotFound, "the file does not exist"};
+}
+inline Reason FolderDoesNotExist() {
+  return {FailureNumber::FileNotFound, "the folder does not exist"};
+}
+inline Reason PermissionDenied() {
+  return {FailureNumber::PermissionDenied, "permission denied"};
+}
+inline Reason InUse() {
+  return {FailureNumber::PermissionDenied, "another program is using it"};
+}
+inline Reason DiskIsFull() {
+  return {FailureNumber::DiskFull, "the disk is full"};
+}
+inline Reason FileSizeLimit() {
+  return {FailureNumber::DiskFull, "the disk is full or a limit on the size of files is reached"};
+}
+inline Reason IsAFolder() {
+  return {FailureNumber::FileAccess, "it is a folder"};
+}
+inline Reason NotARegularFile() {
+  return {FailureNumber::FileAccess, "it is not a regular file"};
+}
+inline Reason SystemError(unsigned long code) {
+  return {FailureNumber::FileAccess, "system error " + std::to_string(code)};
+}
+
+inline Failure CannotOpen(std::string_view path, const Reason& reason, std::string_view adviceIfMissing) {
+  return {reason.number, Printable(path) + " can't be opened: " + reason.text,
+          reason.number == FailureNumber::FileNotFound ? std::string(adviceIfMissing)
+          : reason.number == FailureNumber::PermissionDenied
+              ? "Close other programs that use it, and check that you may "
+                "read it."
+              : ""};
+}
+inline Failure CannotRead(std::string_view path, const Reason& reason) {
+  return {reason.number, Printable(path) + " can't be read: " + reason.text};
+}
+inline Failure TooLarge(std::string_view path) {
+  return {FailureNumber::FileAccess, Printable(path) + " is larger than 256 MiB"};
+}
+inline Failure CannotOpenForWriting(std::string_view path, const Reason& reason) {
+  return {reason.number, Printable(path) + " can't be opened for writing: " + reason.text + ". Nothing was written"};
+}
+inline Failure CutShort(std::string_view path, std::size_t written, std::size_t size, const Reason& reason) {
+  return {reason.number, Printable(path) + ": only " + std::to_string(written) + " of " + std::to_string(size) +
+                             " bytes could be written: " + reason.text + ". The file is incomplete now"};
+}
+inline Failure NotStored(std::string_view path, const Reason& reason) {
+  return {reason.number,
+          Printable(path) + " can't be completed on the disk: " + reason.text + ". The file may be incomplete now"};
+}
+
+}  // namespace velmoran

@@ -1,0 +1,178 @@
+#include <algorithm>
+#include <utility>
+
+#include "files/disk.h"
+#include "files/disk_failure.h"
+#include "files/utf16.h"
+
+namespace velmoran {
+
+namespace {
+
+Reason ReasonFor(DWORD error) {
+  switch (error) {
+    case ERROR_FILE_NOT_FOUND:
+    case ERROR_PATH_NOT_FOUND:
+    case ERROR_INVALID_NAME:
+    case ERROR_INVALID_DRIVE:
+    case ERROR_BAD_PATHNAME:
+    case ERROR_BAD_NETPATH:
+    case ERROR_BAD_NET_NAME:
+      return DoesNotExist();
+    case ERROR_ACCESS_DENIED:
+    case ERROR_WRITE_PROTECT:
+    case ERROR_PRIVILEGE_NOT_HELD:
+      return PermissionDenied();
+    case ERROR_SHARING_VIOLATION:
+    case ERROR_LOCK_VIOLATION:
+    case ERROR_USER_MAPPED_FILE:
+      return InUse();
+    case ERROR_DISK_FULL:
+    case ERROR_HANDLE_DISK_FULL:
+    case ERROR_DISK_QUOTA_EXCEEDED:
+      return DiskIsFull();
+    case ERROR_FILE_TOO_LARGE:
+      return FileSizeLimit();
+    default:
+      return SystemError(error);
+  }
+}
+
+std::string Locate(std::string_view path) {
+  const std::wstring wide = ToUtf16(path);
+  std::wstring whole(GetFullPathNameW(wide.c_str(), 0, nullptr, nullptr), L'\0');
+  whole.resize(GetFullPathNameW(wide.c_str(), static_cast<DWORD>(whole.size()), whole.data(), nullptr));
+  // The system would stop at a zero byte: the path then names no file, and is shown as it was given.
+  return whole.empty() || path.find('\0') != std::string_view::npos ? std::string(path) : ToUtf8(whole);
+}
+
+struct Handle {
+  explicit Handle(HANDLE opened) : file(opened) {}
+  ~Handle() {
+    if (file != INVALID_HANDLE_VALUE) CloseHandle(file);
+  }
+  Handle(const Handle&) = delete;
+  Handle& operator=(const Handle&) = delete;
+  // Closes it now, and says whether that succeeded.
+  bool Close() { return CloseHandle(std::exchange(file, INVALID_HANDLE_VALUE)) != 0; }
+
+  HANDLE file;
+};
+
+HANDLE Open(const std::string& path, DWORD access, DWORD disposition) {
+  if (path.find('\0') != std::string::npos) {
+    SetLastError(ERROR_INVALID_NAME);
+    return INVALID_HANDLE_VALUE;
+  }
+  return CreateFileW(ToUtf16(path).c_str(), access, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, disposition,
+                     FILE_ATTRIBUTE_NORMAL, nullptr);
+}
+
+bool IsFolder(const std::string& path) {
+  const DWORD attributes = GetFileAttributesW(ToUtf16(path).c_str());
+  return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+}
+
+// While one exists, a request to end the program waits (Ctrl+C, closing the console, logging off; the system waits for
+// a few seconds with the last two). The system delivers such a request on a thread of its own.
+class EndHeld {
+ public:
+  EndHeld() {
+    AcquireSRWLockExclusive(&writing);
+    SetConsoleCtrlHandler(WaitForWrite, TRUE);
+  }
+  ~EndHeld() {
+    ReleaseSRWLockExclusive(&writing);
+    SetConsoleCtrlHandler(WaitForWrite, FALSE);
+  }
+  EndHeld(const EndHeld&) = delete;
+  EndHeld& operator=(const EndHeld&) = delete;
+
+ private:
+  static BOOL WINAPI WaitForWrite(DWORD /*request*/) {
+    AcquireSRWLockShared(&writing);
+    ReleaseSRWLockShared(&writing);
+    return FALSE;  // the system then ends the program
+  }
+  static inline SRWLOCK writing = SRWLOCK_INIT;
+};
+
+// How many of the bytes the system has taken; fewer than all of them leave the reason in GetLastError.
+std::size_t WriteAll(HANDLE file, std::span<const Byte> bytes) {
+  std::size_t written = 0;
+  while (written < bytes.size()) {  // once, unless the system stops in between
+    DWORD count = 0;
+    const DWORD rest = static_cast<DWORD>(std::min<std::size_t>(bytes.size() - written, MAXDWORD));
+    if (::WriteFile(file, bytes.data() + written, rest, &count, nullptr) == 0 || count == 0) break;
+    written += count;
+  }
+  return written;
+}
+
+bool FlushToDisk(HANDLE file) {
+  if (FlushFileBuffers(file) != 0) return true;
+  const DWORD error = GetLastError();
+  return error == ERROR_INVALID_FUNCTION || error == ERROR_NOT_SUPPORTED;  // not every file system can
+}
+
+}  // namespace
+
+std::string CurrentDirectory() {
+  std::wstring path(GetCurrentDirectoryW(0, nullptr), L'\0');
+  path.resize(GetCurrentDirectoryW(static_cast<DWORD>(path.size()), path.data()));
+  return ToUtf8(path);
+}
+
+InputFile::InputFile(std::string_view path, std::string_view adviceIfMissing) : path_(Locate(path)) {
+  Handle opened(Open(path_, GENERIC_READ, OPEN_EXISTING));
+  if (opened.file == INVALID_HANDLE_VALUE) {
+    const DWORD error = GetLastError();
+    throw CannotOpen(path_, IsFolder(path_) ? IsAFolder() : ReasonFor(error), adviceIfMissing);
+  }
+  if (GetFileType(opened.file) != FILE_TYPE_DISK) throw CannotOpen(path_, NotARegularFile(), adviceIfMissing);
+  handle_ = reinterpret_cast<std::intptr_t>(std::exchange(opened.file, INVALID_HANDLE_VALUE));
+}
+
+InputFile::~InputFile() {
+  CloseHandle(reinterpret_cast<HANDLE>(handle_));
+}
+
+std::vector<Byte> InputFile::ReadAll() const {
+  const HANDLE file = reinterpret_cast<HANDLE>(handle_);
+  LARGE_INTEGER size;
+  if (GetFileSizeEx(file, &size) == 0) throw CannotRead(path_, ReasonFor(GetLastError()));
+  if (static_cast<std::size_t>(size.QuadPart) > LargestFile) throw TooLarge(path_);
+
+  std::vector<Byte> bytes(static_cast<std::size_t>(size.QuadPart));
+  DWORD taken = 0;
+  if (::ReadFile(file, bytes.data(), static_cast<DWORD>(bytes.size()), &taken, nullptr) == 0) {
+    throw CannotRead(path_, ReasonFor(GetLastError()));
+  }
+  bytes.resize(taken);  // another program may have cut it since
+  return bytes;
+}
+
+std::string PathForReport(std::string_view path) {
+  return Locate(path);
+}
+
+void WriteFile(const std::string& path, std::span<const Byte> bytes, Flush flush) {
+  const EndHeld held;
+  Handle opened(Open(path, GENERIC_WRITE, OPEN_ALWAYS));
+  if (opened.file == INVALID_HANDLE_VALUE) {
+    const DWORD error = GetLastError();
+    const Reason reason = ReasonFor(error);
+    throw CannotOpenForWriting(path, IsFolder(path)                                 ? IsAFolder()
+                                     : reason.number == FailureNumber::FileNotFound ? FolderDoesNotExist()
+                                                                                    : reason);
+  }
+  if (GetFileType(opened.file) != FILE_TYPE_DISK) throw CannotOpenForWriting(path, NotARegularFile());
+  if (SetEndOfFile(opened.file) == 0) throw CannotOpenForWriting(path, ReasonFor(GetLastError()));
+
+  const std::size_t written = WriteAll(opened.file, bytes);
+  if (written < bytes.size()) throw CutShort(path, written, bytes.size(), ReasonFor(GetLastError()));
+  if (flush == Flush::ToDisk && !FlushToDisk(opened.file)) throw NotStored(path, ReasonFor(GetLastError()));
+  if (!opened.Close()) throw NotStored(path, ReasonFor(GetLastError()));
+}
+
+}  // namespace velmoran

@@ -1,0 +1,271 @@
+// The programs as they ship, driven from outside: limits, signals, failing streams and too little memory.
+#include <sys/prctl.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <array>
+#include <chrono>
+#include <csignal>
+#include <cstdio>
+#include <thread>
+#include <utility>
+
+#include "campaign_folder.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+using namespace std::chrono_literals;
+
+// A program that is running. It takes commands and prints lines as the console does; the window does so by its driver.
+class Program {
+ public:
+  explicit Program(const std::string& command) {
+    int input[2], output[2];
+    if (pipe(input) != 0 || pipe(output) != 0) throw std::runtime_error("no pipe");
+    std::signal(SIGPIPE, SIG_IGN);  // of this test; the program gets what a shell gives it
+    id_ = fork();
+    if (id_ == 0) {
+      std::signal(SIGPIPE, SIG_DFL);
+      dup2(input[0], STDIN_FILENO);
+      dup2(output[1], STDOUT_FILENO);
+      for (const int end : {input[0], input[1], output[0], output[1]}) close(end);
+      execl("/bin/sh", "sh", "-c", ("exec " + command).c_str(), nullptr);
+      _exit(126);
+    }
+    close(input[0]);
+    close(output[1]);
+    input_ = input[1];
+    output_ = fdopen(output[0], "r");
+    Answer();  // the form at the start
+  }
+  ~Program() {
+    if (id_ != 0) Wait();
+    std::fclose(output_);
+  }
+  Program(const Program&) = delete;
+  Program& operator=(const Program&) = delete;
+
+  void Type(const Bytes& lines) {
+    EXPECT_EQ(write(input_, lines.data(), lines.size()), ssize_t(lines.size())) << "the program has ended";
+  }
+  // Types the lines, and returns what is printed until the form shows its commands.
+  Bytes Do(const Bytes& lines) {
+    Type(lines);
+    return Answer();
+  }
+  void Limit(int resource, rlim_t most) {
+    const rlimit limit{most, RLIM_INFINITY};
+    EXPECT_EQ(prlimit(id_, static_cast<__rlimit_resource>(resource), &limit, nullptr), 0);
+  }
+  rlim_t AddressSpace() const {
+    std::ifstream statm("/proc/" + std::to_string(id_) + "/statm");
+    rlim_t pages = 0;
+    statm >> pages;
+    return pages * static_cast<rlim_t>(sysconf(_SC_PAGESIZE));
+  }
+  void Kill(int signal) { kill(id_, signal); }
+  // Ends the input, and returns the status that a shell would show.
+  int Wait() {
+    close(input_);
+    int status = 0;
+    waitpid(std::exchange(id_, 0), &status, 0);
+    return WIFSIGNALED(status) ? 128 + WTERMSIG(status) : WEXITSTATUS(status);
+  }
+
+ private:
+  Bytes Answer() {
+    Bytes text;
+    std::array<char, 1024> line{};
+    while (!Bytes(line.data()).starts_with("commands: ") && std::fgets(line.data(), line.size(), output_) != nullptr) {
+      text += line.data();
+    }
+    return text;
+  }
+
+  pid_t id_;
+  int input_;
+  std::FILE* output_;
+};
+
+// A display that nobody sees, until the tests end.
+struct Screen {
+  Screen() {
+    int output[2];
+    if (pipe(output) != 0) throw std::runtime_error("no pipe");
+    server = fork();
+    if (server == 0) {
+      prctl(PR_SET_PDEATHSIG, SIGTERM);
+      dup2(output[1], STDOUT_FILENO);
+      execlp("Xvfb", "Xvfb", "-displayfd", "1", "-screen", "0", "1024x768x24", "-nolisten", "tcp", nullptr);
+      _exit(126);
+    }
+    close(output[1]);
+    for (char next = 0; read(output[0], &next, 1) == 1 && next != '\n';) display += next;
+    close(output[0]);
+  }
+  ~Screen() {
+    kill(server, SIGTERM);
+    waitpid(server, nullptr, 0);
+  }
+  Screen(const Screen&) = delete;
+  Screen& operator=(const Screen&) = delete;
+
+  pid_t server;
+  std::string display = ":";
+};
+
+const std::string ConsoleCommand = "\"" VELMORAN_CONSOLE "\"";
+const Bytes OpenLines = "open\n../campaign/campgn01.mis\n";
+
+class ShippedTest : public CampaignFolder, public testing::WithParamInterface<const char*> {
+ protected:
+  // The command that starts the program of the test.
+  std::string Command() const {
+    if (GetParam() == Bytes("Console")) return ConsoleCommand;
+    static const Screen screen;
+    return "env -u QT_QPA_PLATFORM -u WAYLAND_DISPLAY DISPLAY=" + screen.display + " \"" VELMORAN_DRIVER "\"";
+  }
+  // What Write makes of the mission file.
+  Bytes Plan() const {
+    Program program(ConsoleCommand);
+    program.Do(OpenLines);
+    program.Do("massage\n");
+    program.Do("write\n");
+    const Bytes plan = Read(mis);
+    ::Write(mis, sound);
+    return plan;
+  }
+  const std::string shown = mis.string(),
+                    keep = "The massaged flights are kept: remove the cause, and press Write again";
+};
+INSTANTIATE_TEST_SUITE_P(, ShippedTest, testing::Values("Console", "Window"),
+                         [](const auto& program) { return program.param; });
+
+using ConsoleTest = ShippedTest;
+
+TEST_P(ShippedTest, PlanSurvivesAWriteThatIsCut) {
+  const Bytes plan = Plan(), size = std::to_string(plan.size());
+  Program program(Command());
+  program.Do(OpenLines);
+  program.Do("massage\n");
+  for (std::size_t part = 0; part < 10; ++part) {
+    const std::size_t length = part < 9 ? part * plan.size() / 9 : plan.size() - 1;
+    program.Limit(RLIMIT_FSIZE, length);
+    const Bytes said = program.Do("write\n");
+    EXPECT_NE(said.find("message: Error # 61 " + shown + ": only " + std::to_string(length) + " of " + size +
+                        " bytes could be written: the disk is full"),
+              Bytes::npos)
+        << said;
+    EXPECT_NE(said.find(". The file is incomplete now. " + keep), Bytes::npos) << said;
+    EXPECT_TRUE(Read(mis) == plan.substr(0, length)) << length;
+  }
+  program.Limit(RLIMIT_FSIZE, RLIM_INFINITY);
+  EXPECT_NE(program.Do("write\n").find("Write complete"), Bytes::npos);
+  EXPECT_TRUE(Read(mis) == plan);
+  EXPECT_EQ(program.Wait(), 0);
+}
+
+TEST_P(ShippedTest, RequestToEndWaitsForTheWrite) {
+  const Bytes plan = Plan();
+  const int times = GetParam() == Bytes("Console") ? 60 : 12;
+  std::chrono::nanoseconds whole{};
+  for (int time = 0; time < times; ++time) {
+    ::Write(mis, sound);
+    Program program(Command());
+    program.Do(OpenLines);
+    program.Do("massage\n");
+    const auto begin = std::chrono::steady_clock::now();
+    program.Type("write\n");
+    if (time == 0) {
+      while (Read(mis) != plan && std::chrono::steady_clock::now() - begin < 5s) std::this_thread::yield();
+      whole = std::chrono::steady_clock::now() - begin;
+    }
+    std::this_thread::sleep_for(whole * time / times);
+    const int signal = std::array{SIGTERM, SIGINT, SIGHUP}[static_cast<std::size_t>(time) % 3];
+    program.Kill(signal);
+    EXPECT_EQ(program.Wait(), 128 + signal);
+    const Bytes left = Read(mis);
+    EXPECT_TRUE(left == plan || left == sound) << left.size() << " bytes are left";
+  }
+}
+
+TEST_P(ShippedTest, OnlyRegularFilesAreWritten) {
+  const Bytes plan = Plan(), refused = " can't be opened for writing: it is not a regular file. Nothing was written. ";
+  const fs::path pipe = root / "velmoran/pipe.txt";
+  EXPECT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+  Program program(Command());
+  program.Do(OpenLines);
+  program.Do("massage\n");
+  EXPECT_NE(program.Do("report\npipe.txt\n").find("Error # 75 " + pipe.string() + refused), Bytes::npos);
+  fs::rename(mis, root / "aside");
+  fs::rename(pipe, mis);
+  EXPECT_NE(program.Do("write\n").find("Error # 75 " + shown + refused + keep), Bytes::npos);
+  fs::remove(mis);
+  fs::create_symlink("/dev/null", mis);
+  EXPECT_NE(program.Do("write\n").find("Error # 75 " + shown + refused + keep), Bytes::npos);
+  fs::remove(mis);
+  fs::create_directory(mis);
+  EXPECT_NE(program.Do("write\n").find(": it is a folder. Nothing was written. " + keep), Bytes::npos);
+  fs::remove(mis);
+  fs::rename(root / "campaign", root / "away");
+  EXPECT_NE(program.Do("write\n").find(": the folder does not exist. Nothing was written. " + keep), Bytes::npos);
+  fs::rename(root / "away", root / "campaign");
+  EXPECT_NE(program.Do("write\n").find("Write complete"), Bytes::npos);  // makes the file anew
+  EXPECT_TRUE(Read(mis) == plan && Read(root / "aside") == sound);
+}
+
+TEST_F(CampaignFolder, ConsoleEndsWithOneWhereAStreamFails) {
+  const auto status = [](const std::string& command) {
+    const int result = std::system(command.c_str());
+    return WIFEXITED(result) ? WEXITSTATUS(result) : -1;
+  };
+  const Bytes output = "velmoran-console: standard output can't be written; no further command was done\n";
+  ::Write("typed", OpenLines + "massage\nwrite\n");
+  EXPECT_EQ(status(ConsoleCommand + " <typed >/dev/full 2>errors"), 1);
+  EXPECT_EQ(Read("errors"), output);
+  EXPECT_EQ(status("( (sleep 0.2; " + ConsoleCommand + " <typed 2>errors; echo $? >status) | true)"), 0);
+  EXPECT_EQ(Read("status") + Read("errors"), "1\n" + output);
+  EXPECT_EQ(status(ConsoleCommand + " <. >said 2>errors"), 1);
+  EXPECT_EQ(Read("errors"), "velmoran-console: standard input can't be read; nothing more was done\n");
+  EXPECT_EQ(Read(mis), sound);
+}
+
+TEST_F(CampaignFolder, StatusOfTheConsoleSaysWhetherTheLastWriteFailed) {
+  for (const bool exits : {true, false}) {
+    Program program(ConsoleCommand);
+    program.Do(OpenLines);
+    program.Do("massage\n");
+    program.Limit(RLIMIT_FSIZE, 0);
+    program.Do("write\n");
+    if (exits) program.Type("exit\n");
+    EXPECT_EQ(program.Wait(), 1);
+    ::Write(mis, sound);
+  }
+}
+
+TEST_F(CampaignFolder, ConsoleReportsThatMemoryRunsOut) {
+  Program program(ConsoleCommand);
+  const auto fails = [&](const Bytes& lines, const Bytes& message) {
+    program.Limit(RLIMIT_AS, program.AddressSpace());
+    EXPECT_NE(program.Do(lines).find("message: Error # 7 Not enough memory" + message), Bytes::npos);
+    program.Limit(RLIMIT_AS, RLIM_INFINITY);
+    return program.Do(lines);
+  };
+  const fs::path large = root / "campaign/campgn02.mis";  // more than the memory that a program keeps
+  EXPECT_NE(fails("open\n" + large.string() + "\n", " to open the file. No file was changed.").find("File opened"),
+            Bytes::npos);
+  EXPECT_NE(fails("report\nlarge.txt\n", ": the report is missing or incomplete.").find("File opened"), Bytes::npos);
+  EXPECT_GT(fs::file_size("large.txt"), 1000000);
+  program.Do("massage\n");
+  const Bytes before = Read(large);
+  program.Limit(RLIMIT_AS, program.AddressSpace());
+  EXPECT_NE(program.Do("write\n").find("Error # 7 Not enough memory. No file was changed."), Bytes::npos);
+  EXPECT_EQ(Read(large), before);
+  program.Limit(RLIMIT_AS, RLIM_INFINITY);
+  EXPECT_NE(program.Do("write\n").find("Write complete"), Bytes::npos);
+}
+
+}  // namespace
