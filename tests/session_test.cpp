@@ -4,7 +4,6 @@
 
 #include "campaign_folder.h"
 #include "state/numbering.h"
-#include "state/rnd.h"
 
 using namespace velmoran;
 
@@ -24,16 +23,6 @@ void operator delete(void* memory) noexcept { std::free(memory); }
 void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
 
 namespace {
-
-TEST(RndTest, TheSequenceIsFixed) {
-  RunState run;
-  SeedRnd(run);
-  const double first = Rnd(run), second = Rnd(run);
-  EXPECT_EQ(first * 0x1p24, 1637993);
-  EXPECT_EQ(second * 0x1p24, 1872449);
-  SeedRnd(run);
-  EXPECT_EQ(Rnd(run), first);
-}
 
 class SessionTest : public CampaignFolder {
  protected:

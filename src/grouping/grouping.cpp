@@ -11,6 +11,7 @@ namespace velmoran {
 
 namespace {
 
+constexpr Integer NotFound = -1;
 constexpr Long MinWaypoints = 4;          // of a flight that can be joined
 constexpr std::size_t CopiedWPBytes = 4;  // Quirk 84: of 5.
 
@@ -51,16 +52,16 @@ void CombineFormations(RunState& run) {
     if (run.Removed[i] != InPlay) continue;
     const Integer squad = Narrow(run.Missions[i].SquadID);
     const Integer group = isGroupedSquadron(run, squad);
-    if (group == -1) continue;
+    if (group == NotFound) continue;
     const Integer target = findAssociatedMissionIndex(run, squad, group, i);
-    if (target == -1) continue;
+    if (target == NotFound) continue;
     doMissionGrouping(run, i, target);
     run.GroupPairs[run.GroupPairCount++] = {.sourceIndex = i, .targetIndex = target};
   }
 }
 
 Integer isGroupedSquadron(const RunState& run, Integer squadID) {
-  Integer found = -1;
+  Integer found = NotFound;
   for (Integer group = 0; group < run.GroupCount; ++group) {
     if (Contains(run.SquadGroups[group], squadID)) found = group;  // Quirk 80: the last of several counts.
   }
@@ -73,9 +74,9 @@ Integer findAssociatedMissionIndex(RunState& run, Integer /*squadID*/, Integer g
   const MissionRec& source = run.Missions[sourceIndex];
   const double draw = Rnd(run);  // Quirk 78: drawn even if the source can't be joined.
   // Quirk 77: inverted, and always by the odds of war period 0.
-  if (group.Kind < 0 || group.Kind >= GroupKinds || draw < run.Periods[0].GroupOdds[group.Kind]) return -1;
-  if (source.WPCount < MinWaypoints || source.MissionType == TypeEscort) return -1;
-  if (IsPaired(run, sourceIndex)) return -1;
+  if (group.Kind < 0 || group.Kind >= GroupKinds || draw < run.Periods[0].GroupOdds[group.Kind]) return NotFound;
+  if (source.WPCount < MinWaypoints || source.MissionType == TypeEscort) return NotFound;
+  if (IsPaired(run, sourceIndex)) return NotFound;
 
   for (Integer c = 0; c < run.LoadedCount; ++c) {
     const MissionRec& candidate = run.Missions[c];
@@ -84,7 +85,7 @@ Integer findAssociatedMissionIndex(RunState& run, Integer /*squadID*/, Integer g
     if (IsPlayerRow(run, c) || candidate.MissionType == TypeEscort) continue;
     if (Contains(group, Narrow(candidate.SquadID)) && !IsPaired(run, c)) return c;
   }
-  return -1;
+  return NotFound;
 }
 
 void doMissionGrouping(RunState& run, Integer sourceIndex, Integer targetIndex) {
