@@ -86,6 +86,12 @@ TEST_F(SessionTest, FullListOfLostFlightsEndsTheProgram) {
                       "failed"}));
 }
 
+TEST_F(SessionTest, OpenIsCancelledByItsPatternAndByAnEmptyName) {
+  Load();
+  for (const char* name : {"*.mis", ""}) EXPECT_EQ(Open(name), Messages{}) << name;
+  EXPECT_EQ(fakes::form.buttons, "O---E");
+}
+
 TEST_F(SessionTest, PlansWithoutFlightsAndWithoutThePlayer) {
   EXPECT_EQ(MassageOf(Poked(Poked(sound, 13, 0), 8, -99)), Messages{});
   EXPECT_EQ(Press(WriteB_Click), Messages{});

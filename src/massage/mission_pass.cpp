@@ -25,6 +25,8 @@ void MassageMission(RunState& run, Integer index) {
   AlterMissionType(run, index, Aircraft, Narrow(flight.SquadID), ShiftFlag, MissionType);
   Integer BaseAlt;
   GetBaseAlt(run, MissionType, Aircraft, BaseAlt);
+  Byte offered;
+  GetActionByMission(MissionType, offered);
 
   Long number = 0;  // of the waypoint, from 1
   for (WaypointRec& waypoint : Route(flight)) {
@@ -35,8 +37,7 @@ void MassageMission(RunState& run, Integer index) {
     // Quirk 40: a waypoint with an escort is moved too.
     if (ShiftFlag == Shifted && inner) ShiftWPPosition(run, waypoint.Lon, waypoint.Lat);
 
-    Byte Action;
-    GetActionByMission(MissionType, Action);
+    Byte Action = offered;
     if (Action == NoAction) continue;
     AlterWPAction(waypoint.Action, Action);
     if (Action == ActionLoiter) waypoint.ActionParam = RoundEven(Rnd(run) * LoiterRange + MinLoiter);
