@@ -12,8 +12,8 @@
 #include "platform/platform.h"
 #include "window/captions.h"
 #include "window/console/terminal.h"
-#include "window/events.h"
 #include "window/dll_search.h"
+#include "window/events.h"
 
 namespace velmoran {
 

@@ -18,8 +18,8 @@
 #include "files/utf16.h"
 #include "platform/platform.h"
 #include "window/captions.h"
-#include "window/events.h"
 #include "window/dll_search.h"
+#include "window/events.h"
 #include "window/win32/resource.h"
 
 namespace velmoran {
