@@ -292,7 +292,8 @@ int main(int argc, char** argv) {
     EndProgram(true);
   } catch (const std::bad_alloc&) {
     massaging = false;
-    ShowMessage("Error # 7 Not enough memory for the massages. No file was changed. Close other programs and try again.");
+    ShowMessage(
+        "Error # 7 Not enough memory for the massages. No file was changed. Close other programs and try again.");
     EndProgram(true);
   }
   Finish(EXIT_SUCCESS);

@@ -42,6 +42,7 @@ Outcome OutcomeOf(const RunState& opened, const RunState& massaged) {
     const MissionRec& flight = massaged.Missions[row];
     ++outcome.flights;
     outcome.planes += flight.NumAircraft;
+    if (flight.NumAircraft < 1) outcome.hasEmptyFlight = true;
     ++outcome.types[std::min(flight.MissionType, OtherType)];
   }
   const Long player = PlayerRow(opened);

@@ -24,6 +24,7 @@ struct Outcome {
   Table<Long, TypesFilled + 1> types{};   // flights by MissionType, OtherType last
   bool playerRemoved = false;             // the row that PlayerFlight named when the plan was opened
   Long playerType = 0, playerPlanes = 0;  // its MissionType and NumAircraft; zero if it was removed
+  bool hasEmptyFlight = false;            // one that has no planes
   bool playerEscortLost = false;          // it is in play, had escorts, and none of them still escorts it
 };
 

@@ -53,12 +53,12 @@ std::string Tenths(std::int64_t sum, std::int64_t count) {
   return (sum < 0 && tenths > 0 ? "-" : "") + to_string(tenths / 10) + "." + to_string(tenths % 10);
 }
 
-// "12.3 %". 0.0 and 100.0 mean never and always.
+// "12.3%". 0.0 and 100.0 mean never and always.
 std::string Percent(Long part, Long whole) {
   const std::string share = Tenths(std::int64_t{part} * 100, whole);
-  if (share == "0.0" && part > 0) return "<0.1 %";
-  if (share == "100.0" && part < whole) return ">99.9 %";
-  return share + " %";
+  if (share == "0.0" && part > 0) return "<0.1%";
+  if (share == "100.0" && part < whole) return ">99.9%";
+  return share + "%";
 }
 
 std::string_view NameOf(Long type) {
@@ -124,8 +124,8 @@ std::string Heading(const RunState& opened) {
   const std::string days = first.empty()  ? "up to day " + last
                            : last.empty() ? "from day " + first + " on"
                                           : "days " + first + " to " + last;
-  return "Velmoran " VELMORAN_VERSION ": the odds of " +
-         (slash == std::string::npos ? path : path.substr(slash + 1)) + "\n\n" +
+  return "Velmoran " VELMORAN_VERSION ": the odds of " + (slash == std::string::npos ? path : path.substr(slash + 1)) +
+         "\n\n" +
          Wrapped("War period " + to_string(period) + ", " + days + "; this is day " + to_string(day) +
                      ". Of the rows for war periods, only row " + to_string(period) + " counts for this plan.",
                  0);
@@ -142,8 +142,9 @@ std::string EarlyEnds(const Massages& massages) {
     if (outcome.end == Outcome::End::InvalidSize) ++stoppedAt[outcome.stoppedAt];
   }
   const Long early = invalidSize + overflow;
-  std::string text = "Massages: " + to_string(count) + ". Ended early: " +
-                     (early == 0 ? "none" : to_string(early) + " (" + Percent(early, count) + ")") + ".\n";
+  std::string text = "Massages: " + to_string(count) +
+                     ". Ended early: " + (early == 0 ? "none" : to_string(early) + " (" + Percent(early, count) + ")") +
+                     ".\n";
   if (invalidSize > 0) {
     std::string line = Right(Percent(invalidSize, count)) + "  Invalid number of planes, most often for flight ";
     const auto flights = MostFrequent(stoppedAt);
@@ -161,7 +162,7 @@ std::string EarlyEnds(const Massages& massages) {
 }
 
 std::string Totals(const Completed& completed, const Outcome& next) {
-  std::string text = Left("", NameWidth) + Right("mean") + Right("5 %") + Right("median") + Right("95 %") +
+  std::string text = Left("", NameWidth) + Right("mean") + Right("5%") + Right("median") + Right("95%") +
                      Right("your next massage", NextWidth) + "\n";
   const auto row = [&](const char* name, auto field) {
     text += Left(name, NameWidth) + Right(Tenths(Sum(completed, field), std::ssize(completed)));
@@ -182,7 +183,8 @@ std::string Types(const RunState& opened, const Completed& completed, const Outc
   for (Long type = 0; type <= OtherType; ++type) {
     sums[type] = Sum(completed, [type](const Outcome& outcome) { return outcome.types[type]; });
   }
-  const std::int64_t scale = std::max<std::int64_t>(1, (*std::ranges::max_element(sums) - 1) / (LongestBar * count) + 1);
+  const std::int64_t scale =
+      std::max<std::int64_t>(1, (*std::ranges::max_element(sums) - 1) / (LongestBar * count) + 1);
   std::string text = Left("Mission types", NameWidth) + Right("before") + Right("mean") + Right("next") +
                      "  the mean, with # for " + to_string(scale) + (scale == 1 ? " flight\n" : " flights\n");
   for (Long type = 0; type <= OtherType; ++type) {
@@ -201,18 +203,20 @@ std::string PlayerFlight(const RunState& opened, const Completed& completed, con
   const MissionRec& flight = opened.Missions[row];
   const Long count = static_cast<Long>(completed.size());
   const auto planes = [](Long number) { return to_string(number) + (number == 1 ? " plane" : " planes"); };
-  const auto chances = [&](const char* label, const Counted& counted, auto name) {
+  const auto chances = [&](const char* label, const auto& counted, auto name) {
     std::string line = label;
-    for (const auto& [value, times] : MostFrequent(counted)) {
+    for (const auto& [value, times] : counted) {
       line += (line == label ? "" : ", ") + name(value) + " " + Percent(times, count);
     }
     return Wrapped(line, LabelWidth);
   };
   std::string text = "Your flight: " + std::string(NameOf(flight.MissionType)) + ", " + planes(flight.NumAircraft) +
                      ", flight " + to_string(row) + " of the plan\n";
-  text += chances("  Mission      ", Count(completed, [](const Outcome& outcome) { return outcome.playerType; }),
+  text += chances("  Mission      ",
+                  MostFrequent(Count(completed, [](const Outcome& outcome) { return outcome.playerType; })),
                   [](Long type) { return std::string(NameOf(type)); });
-  text += chances("  Size         ", Count(completed, [](const Outcome& outcome) { return outcome.playerPlanes; }), planes);
+  text +=
+      chances("  Size         ", Count(completed, [](const Outcome& outcome) { return outcome.playerPlanes; }), planes);
   const auto removed = Sum(completed, [](const Outcome& outcome) { return outcome.playerRemoved ? 1 : 0; });
   text += "  Removed      " + Percent(static_cast<Long>(removed), count) + "\n";
   const auto lost = Sum(completed, [](const Outcome& outcome) { return outcome.playerEscortLost ? 1 : 0; });
