@@ -34,13 +34,13 @@ std::string Right(const std::string& text, std::size_t width = NumberWidth) {
   return std::string(width - std::min(text.size(), width), ' ') + text;
 }
 
-// The text in lines, of which all but the first begin with indent spaces. Breaks at single spaces only, as a message
-// may have two.
-std::string Wrapped(std::string text, std::size_t indent) {
+// The text in lines, of which all but the first begin with indent spaces. Breaks at the last character of a separator.
+std::string Wrapped(std::string text, std::size_t indent, std::string_view separator = " ") {
   std::string lines;
   while (text.size() > Columns) {
-    const std::size_t end = text.rfind(' ', Columns);
-    if (end == std::string::npos || end <= indent) break;
+    const std::size_t found = text.rfind(separator, Columns + 1 - separator.size());
+    if (found == std::string::npos || found <= indent) break;
+    const std::size_t end = found + separator.size() - 1;
     lines += text.substr(0, end) + "\n";
     text = std::string(indent, ' ') + text.substr(end + 1);
   }
@@ -208,7 +208,7 @@ std::string PlayerFlight(const RunState& opened, const Completed& completed, con
     for (const auto& [value, times] : counted) {
       line += (line == label ? "" : ", ") + name(value) + " " + Percent(times, count);
     }
-    return Wrapped(line, LabelWidth);
+    return Wrapped(line, LabelWidth, ", ");
   };
   std::string text = "Your flight: " + std::string(NameOf(flight.MissionType)) + ", " + planes(flight.NumAircraft) +
                      ", flight " + to_string(row) + " of the plan\n";

@@ -19,10 +19,9 @@ using Prospects = std::vector<Prospect>;
 
 constexpr Long NationColumns = Nations - 1;  // of the setup file
 constexpr double LargestScaled = 12.5;       // rounds to 12, the most planes that a flight can have
-constexpr Long AnyRow = -1;
 
 // The altitudes that a massage draws from where mission and aircraft share none.
-constexpr Integer LeastTop = 2000, Depth = 1000, LeastBottom = 1500;
+constexpr Long LeastTop = 2000, Depth = 1000, LeastBottom = 1500;
 
 // "1.6": the shortest decimal that reads as this number.
 std::string Number(double value) {
@@ -163,8 +162,8 @@ struct Warner {
   void WarnOfOddsOutside() {
     WarnIfOutside(Item("Periods", run.WarPeriod, "RemoveOdds"), run.Periods[run.WarPeriod].RemoveOdds,
                   Those([](const Prospect& flight) { return flight.players ? !flight.playersOwn : flight.scaled; }),
-                  "all fighters outside your squadron are taken out",
-                  "all flights of your squadron but your own are taken out");
+                  "all fighters outside your squadron are taken out, and none in it",
+                  "all flights of your squadron but your own are taken out, and no others");
     for (Long row = 0; row < ClassOddsRows; ++row) {
       const ClassOddsRec& odds = run.ClassOdds[row];
       const Prospects those = Those([&](const Prospect& flight) { return flight.classRow == row; });
@@ -211,12 +210,10 @@ struct Warner {
     }
   }
 
-  // The flights for which altitudes of a mission type are drawn with a row of Aircraft.
-  Prospects Climbing(Long type, Long aircraft) const {
-    return Those([&](const Prospect& flight) {
-      return flight.climbs && flight.flown.Has(type) && run.MissionDefs[type].MaxAlt != 0 &&
-             (aircraft == AnyRow || flight.aircraft == aircraft);
-    });
+  static bool IsSwapped(const auto& row) { return row.MinAlt > row.MaxAlt; }
+
+  bool Climbs(const Prospect& flight, Long type) const {
+    return flight.climbs && flight.flown.Has(type) && run.MissionDefs[type].MaxAlt != 0;
   }
 
   void WarnOfSwappedAltitudes(const std::string& item, Integer min, Integer max, const std::string& label) {
@@ -224,46 +221,58 @@ struct Warner {
          ": flights get altitudes up to 1000 below the higher minimum of mission and aircraft. Swap the two.");
   }
 
-  // Where the altitudes drawn lie outside the range of the mission or of the aircraft.
-  void WarnIfApart(Long type, Long row) {
+  // Where all altitudes drawn lie outside the range of the aircraft, if missionAbove, or else of the mission.
+  void WarnIfApart(Long type, bool missionAbove) {
     const MissionDefRec& def = run.MissionDefs[type];
-    const AircraftRec& aircraft = run.Aircraft[row];
-    const Integer top = std::max({def.MinAlt, aircraft.MinAlt, LeastTop});
-    const Integer bottom = std::max(Narrow(top - Depth), LeastBottom);
-    const bool tooHigh = def.MinAlt > aircraft.MaxAlt && bottom > aircraft.MaxAlt;
-    const bool tooLow = aircraft.MinAlt > def.MaxAlt && bottom > def.MaxAlt;
-    const Prospects those = Climbing(type, row);
-    if ((!tooHigh && !tooLow) || those.empty()) return;
-    const std::string mission = Item("MissionDefs", type, tooHigh ? "MinAlt " : "MaxAlt ") +
-                                to_string(tooHigh ? def.MinAlt : def.MaxAlt) + Named(type);
-    const std::string plane =
-        Item("Aircraft", row, tooHigh ? "MaxAlt " : "MinAlt ") + to_string(tooHigh ? aircraft.MaxAlt : aircraft.MinAlt);
-    Warn((tooHigh ? mission + " is above " + plane : plane + " is above " + mission) + ": " + Flights(those) +
-         " of this plan can get altitudes from " + to_string(bottom) + " to " + to_string(top) + ", above what the " +
-         (tooHigh ? "aircraft" : "mission") + " allows. Let the two ranges overlap.");
+    Long row = 0, from = 0, to = 0, gap = 0;  // where they are furthest apart
+    const Prospects those = Those([&](const Prospect& flight) {
+      const AircraftRec& aircraft = run.Aircraft[flight.aircraft];
+      if (!Climbs(flight, type) || flight.aircraft >= AircraftFilled || IsSwapped(def) || IsSwapped(aircraft)) {
+        return false;
+      }
+      const Long upper = missionAbove ? def.MinAlt : aircraft.MinAlt;
+      const Long lower = missionAbove ? aircraft.MaxAlt : def.MaxAlt;
+      const Long top = std::max(upper, LeastTop), bottom = std::max(top - Depth, LeastBottom);
+      if (upper <= lower || bottom <= lower) return false;
+      if (upper - lower > gap) {
+        gap = upper - lower;
+        row = flight.aircraft;
+        from = bottom;
+        to = top;
+      }
+      return true;
+    });
+    if (those.empty()) return;
+    const std::string mission =
+        Item("MissionDefs", type, missionAbove ? "MinAlt" : "MaxAlt", missionAbove ? def.MinAlt : def.MaxAlt) +
+        Named(type);
+    const std::string plane = Item("Aircraft", row, missionAbove ? "MaxAlt" : "MinAlt",
+                                   missionAbove ? run.Aircraft[row].MaxAlt : run.Aircraft[row].MinAlt);
+    Warn((missionAbove ? mission + " is above " + plane : plane + " is above " + mission) +
+         ": this aircraft gets altitudes from " + to_string(from) + " to " + to_string(to) +
+         ", above the range of the " + (missionAbove ? "aircraft. " : "mission. ") + Flights(those) +
+         " of this plan can have such altitudes. Let the ranges overlap.");
   }
 
   void WarnOfAltitudes() {
-    const auto swapped = [](const auto& row) { return row.MinAlt > row.MaxAlt; };
-    Table<bool, AircraftFilled> flies{};
     for (Long type = 0; type < TypesFilled; ++type) {
       const MissionDefRec& def = run.MissionDefs[type];
-      const Prospects those = Climbing(type, AnyRow);
-      for (const Prospect& flight : those) {
-        if (flight.aircraft < AircraftFilled) flies[flight.aircraft] = true;
-      }
-      if (!swapped(def) || those.empty()) continue;
+      const auto climbs = [&](const Prospect& flight) { return Climbs(flight, type); };
+      if (!IsSwapped(def) || std::ranges::none_of(prospects, climbs)) continue;
       WarnOfSwappedAltitudes(Item("MissionDefs", type, "MinAlt"), def.MinAlt, def.MaxAlt, Named(type));
     }
     for (Long row = 0; row < AircraftFilled; ++row) {
       const AircraftRec& aircraft = run.Aircraft[row];
-      if (!flies[row] || !swapped(aircraft)) continue;
+      const auto climbs = [&](const Prospect& flight) {
+        bool any = false;
+        for (Long type = 0; type < TypesFilled; ++type) any = any || Climbs(flight, type);
+        return any && flight.aircraft == row;
+      };
+      if (!IsSwapped(aircraft) || std::ranges::none_of(prospects, climbs)) continue;
       WarnOfSwappedAltitudes(Item("Aircraft", row, "MinAlt"), aircraft.MinAlt, aircraft.MaxAlt, "");
     }
     for (Long type = 0; type < TypesFilled; ++type) {
-      for (Long row = 0; row < AircraftFilled; ++row) {
-        if (!swapped(run.MissionDefs[type]) && !swapped(run.Aircraft[row])) WarnIfApart(type, row);
-      }
+      for (const bool missionAbove : {true, false}) WarnIfApart(type, missionAbove);
     }
   }
 
