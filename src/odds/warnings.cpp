@@ -18,7 +18,8 @@ using std::to_string;
 using Prospects = std::vector<Prospect>;
 
 constexpr Long NationColumns = Nations - 1;  // of the setup file
-constexpr double LargestScaled = 12.5;       // rounds to 12, the most planes that a flight can have
+constexpr Long AnyType = -1;
+constexpr double LargestScaled = 12.5;  // rounds to 12, the most planes that a flight can have
 
 // The altitudes that a massage draws from where mission and aircraft share none.
 constexpr Long LeastTop = 2000, Depth = 1000, LeastBottom = 1500;
@@ -79,30 +80,24 @@ struct Warner {
   // MaxPlanes above 12, and size factors that lift a size above 12.
   void WarnOfTooManyPlanes() {
     for (Long type = 0; type < TypesFilled; ++type) {
-      const Long most = Most(type);
-      const Prospects those = Those([&](const Prospect& flight) {
-        return !flight.players && flight.nation != 0 && flight.stored.Has(type) &&
-               (flight.scaled ? most * Factor(flight.nation) : most) > LargestScaled;
-      });
-      if (most <= Slots || those.empty()) continue;
-      Warn(Limit(type, most) + ": a flight that gets more than 12 planes" + EndedBy(those) +
+      const Prospects those = Those([&](const Prospect& flight) { return LargestSize(flight, type) > LargestScaled; });
+      if (Most(type) <= Slots || those.empty()) continue;
+      Warn(Limit(type, Most(type)) + ": a flight that gets more than 12 planes" + EndedBy(those) +
            ". Lower it to 12 or less.");
     }
     for (Long nation = 1; nation < NationColumns; ++nation) {
-      Long most = 0, worst = 0;
+      Long worst = AnyType;
       const Prospects those = Those([&](const Prospect& flight) {
         bool tooMany = false;
         for (Long type = 0; type < TypesFilled; ++type) {
-          if (flight.players || !flight.scaled || flight.nation != nation || !flight.stored.Has(type) ||
-              Most(type) > Slots || Most(type) * Factor(nation) <= LargestScaled) {
-            continue;
-          }
+          if (flight.nation != nation || Most(type) > Slots || LargestSize(flight, type) <= LargestScaled) continue;
           tooMany = true;
-          if (Most(type) > most) most = Most(worst = type);
+          if (worst == AnyType || Most(type) > Most(worst)) worst = type;
         }
         return tooMany;
       });
       if (those.empty()) continue;
+      const Long most = Most(worst);
       Warn(Item("Periods", run.WarPeriod, "SizeFactor", nation) + " is " + Number(Factor(nation)) + ": with " +
            Limit(worst, most) + ", a flight can get " + to_string(RoundEven(most * Factor(nation))) +
            " planes. More than 12" + EndedBy(those) + ". Lower the factor to " +
@@ -212,13 +207,21 @@ struct Warner {
 
   static bool IsSwapped(const auto& row) { return row.MinAlt > row.MaxAlt; }
 
+  // Whether the flight gets an altitude as a mission of this type, or of any.
   bool Climbs(const Prospect& flight, Long type) const {
-    return flight.climbs && flight.flown.Has(type) && run.MissionDefs[type].MaxAlt != 0;
+    for (Long flown = 0; flown < TypesFilled; ++flown) {
+      const bool meant = type == AnyType || type == flown;
+      if (meant && flight.climbs && flight.flown.Has(flown) && run.MissionDefs[flown].MaxAlt != 0) return true;
+    }
+    return false;
   }
 
-  void WarnOfSwappedAltitudes(const std::string& item, Integer min, Integer max, const std::string& label) {
-    Warn(item + " " + to_string(min) + " is above MaxAlt " + to_string(max) + label +
-         ": flights get altitudes up to 1000 below the higher minimum of mission and aircraft. Swap the two.");
+  // Of a row of MissionDefs or Aircraft, if it counts for any flight.
+  void WarnIfSwapped(const std::string& item, const auto& row, const std::string& label, const Prospects& those) {
+    if (!IsSwapped(row) || those.empty()) return;
+    Warn(item + " " + to_string(row.MinAlt) + " is above MaxAlt " + to_string(row.MaxAlt) + label + ": " +
+         Flights(those) +
+         " of this plan can get altitudes up to 1000 below the higher minimum of mission and aircraft. Swap the two.");
   }
 
   // Where all altitudes drawn lie outside the range of the aircraft, if missionAbove, or else of the mission.
@@ -256,20 +259,12 @@ struct Warner {
 
   void WarnOfAltitudes() {
     for (Long type = 0; type < TypesFilled; ++type) {
-      const MissionDefRec& def = run.MissionDefs[type];
-      const auto climbs = [&](const Prospect& flight) { return Climbs(flight, type); };
-      if (!IsSwapped(def) || std::ranges::none_of(prospects, climbs)) continue;
-      WarnOfSwappedAltitudes(Item("MissionDefs", type, "MinAlt"), def.MinAlt, def.MaxAlt, Named(type));
+      WarnIfSwapped(Item("MissionDefs", type, "MinAlt"), run.MissionDefs[type], Named(type),
+                    Those([&](const Prospect& flight) { return Climbs(flight, type); }));
     }
     for (Long row = 0; row < AircraftFilled; ++row) {
-      const AircraftRec& aircraft = run.Aircraft[row];
-      const auto climbs = [&](const Prospect& flight) {
-        bool any = false;
-        for (Long type = 0; type < TypesFilled; ++type) any = any || Climbs(flight, type);
-        return any && flight.aircraft == row;
-      };
-      if (!IsSwapped(aircraft) || std::ranges::none_of(prospects, climbs)) continue;
-      WarnOfSwappedAltitudes(Item("Aircraft", row, "MinAlt"), aircraft.MinAlt, aircraft.MaxAlt, "");
+      WarnIfSwapped(Item("Aircraft", row, "MinAlt"), run.Aircraft[row], "",
+                    Those([&](const Prospect& flight) { return flight.aircraft == row && Climbs(flight, AnyType); }));
     }
     for (Long type = 0; type < TypesFilled; ++type) {
       for (const bool missionAbove : {true, false}) WarnIfApart(type, missionAbove);
@@ -278,6 +273,12 @@ struct Warner {
 
  private:
   double Factor(Long nation) const { return run.Periods[run.WarPeriod].SizeFactor[nation]; }
+
+  // The most planes that the flight can get as a mission of this type; 0 if that is never above 12.
+  double LargestSize(const Prospect& flight, Long type) const {
+    if (flight.players || flight.nation == 0 || !flight.stored.Has(type)) return 0;
+    return flight.scaled ? Most(type) * Factor(flight.nation) : Most(type);
+  }
 
   Long Most(Long type) const { return std::max(run.MissionDefs[type].MinPlanes, run.MissionDefs[type].MaxPlanes); }
 
