@@ -12,7 +12,6 @@
 #include <unistd.h>
 #endif
 
-#include <charconv>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
@@ -23,6 +22,8 @@
 #include <span>
 
 #include "files/disk.h"
+#include "files/path.h"
+#include "odds/arguments.h"
 #include "odds/simulate.h"
 #include "odds/summary.h"
 #include "odds/warnings.h"
@@ -38,27 +39,6 @@
 namespace velmoran {
 
 namespace {
-
-constexpr int WrongArgument = 2;
-constexpr Long MostMassages = 100000;
-constexpr const char* Help =
-    "velmoran-odds [--massages N] [--csv FILE] [MISSION_FILE]\n"
-    "\n"
-    "Massages copies of a plan in memory and prints what came out: first as the\n"
-    "Massage button will do it, then N times with other draws (1000 unless told,\n"
-    "at most 100000). Run it in Velmoran's folder. Your files are only read.\n"
-    "\n"
-    "  --massages N  how many massages, 1 to 100000\n"
-    "  --csv FILE    also writes one line for each massage to this file\n"
-    "  --help        prints this text\n"
-    "  --version     prints the version\n"
-    "\n"
-    "Without MISSION_FILE (campgn??.mis) it asks for one.\n";
-
-struct Arguments {
-  Long massages = 1000;
-  std::string csv, mission;
-};
 
 // What the platform's functions work on: they know no RunState.
 Arguments arguments;
@@ -94,7 +74,9 @@ bool OwnsWindow() {
 #else
 
 std::vector<std::string> GivenArguments(int argc, char** argv) {
-  return {argv + 1, argv + argc};
+  std::vector<std::string> given;
+  for (int i = 1; i < argc; ++i) given.emplace_back(argv[i]);
+  return given;
 }
 
 void BeginOutput() {}
@@ -118,11 +100,6 @@ bool OwnsWindow() {
   std::exit(status);
 }
 
-[[noreturn]] void RefuseArguments(const std::string& reason) {
-  std::fprintf(stderr, "velmoran-odds: %s (--help lists the arguments)\n", reason.c_str());
-  Finish(WrongArgument);
-}
-
 void Print(std::string_view label, std::string_view line) {
   if (WriteLine(label, line)) return;
   std::fputs("velmoran-odds: standard output can't be written\n", stderr);
@@ -133,37 +110,6 @@ void PrintLines(std::string_view text) {
   for (std::size_t end = text.find('\n'); end != std::string_view::npos; end = text.find('\n')) {
     Print("", text.substr(0, end));
     text.remove_prefix(end + 1);
-  }
-}
-
-void ReadArguments(const std::vector<std::string>& given) {
-  bool hasMission = false;
-  for (std::size_t i = 0; i < given.size(); ++i) {
-    const std::string& argument = given[i];
-    if (argument == "--help" || argument == "--version") {
-      PrintLines(argument == "--help" ? Help : "velmoran-odds " VELMORAN_VERSION "\n");
-      Finish(EXIT_SUCCESS);
-    } else if (argument == "--massages" || argument == "--csv") {
-      if (++i == given.size() || given[i].empty()) RefuseArguments(argument + " needs a value");
-      if (argument == "--csv") {
-        arguments.csv = given[i];
-        continue;
-      }
-      const char* const end = given[i].data() + given[i].size();
-      const auto [stop, error] = std::from_chars(given[i].data(), end, arguments.massages);
-      if (error != std::errc() || stop != end || arguments.massages < 1 || arguments.massages > MostMassages) {
-        RefuseArguments("--massages takes a number from 1 to 100000");
-      }
-    } else if (argument.starts_with('-')) {
-      RefuseArguments("unknown argument " + argument);
-    } else if (hasMission) {
-      RefuseArguments("only one mission file can be given");
-    } else if (argument.empty() || argument.find('*') != std::string::npos) {
-      RefuseArguments("no mission file has the name \"" + argument + "\"");
-    } else {
-      arguments.mission = argument;
-      hasMission = true;
-    }
   }
 }
 
@@ -178,7 +124,7 @@ void RefuseToOverwrite(const RunState& run) {
     if (!std::filesystem::equivalent(PathOf(PathForReport(arguments.csv)), PathOf(InputFile(path, "").Path()), error)) {
       continue;
     }
-    RefuseArguments("--csv names " + path + ", which is one of the files that are read");
+    throw WrongArgument{"--csv names " + path + ", which is one of the files that are read"};
   }
 }
 
@@ -231,6 +177,10 @@ void WriteCsv(const RunState& opened, const Massages& massages) {
 }
 
 void Run(RunState& run) {
+  if (arguments.help || arguments.version) {
+    PrintLines(arguments.help ? Help : "velmoran-odds " VELMORAN_VERSION "\n");
+    return;
+  }
   Form_Load(run);
   OpenB_Click(run);
   if (run.MissionFile.empty()) Finish(refused ? EXIT_FAILURE : EXIT_SUCCESS);  // success after Cancel
@@ -285,8 +235,12 @@ int main(int argc, char** argv) {
   BeginTerminal();
   BeginOutput();
   try {
-    ReadArguments(GivenArguments(argc, argv));
+    arguments = ReadArguments(GivenArguments(argc, argv));
     Run(*std::make_unique<RunState>());
+  } catch (const WrongArgument& wrong) {
+    std::fprintf(stderr, "velmoran-odds: %s (see --help)\n", Printable(wrong.reason).c_str());
+    constexpr int Status = 2;
+    Finish(Status);
   } catch (const Failure& failure) {  // a file that has gone since it was read
     ShowMessage(FailureText(failure));
     EndProgram(true);

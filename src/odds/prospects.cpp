@@ -78,4 +78,18 @@ std::vector<Prospect> Foresee(const RunState& run) {
   return prospects;
 }
 
+double LargestSize(const RunState& run, const Prospect& prospect, Long type) {
+  if (prospect.players || prospect.nation == 0 || !prospect.stored.Has(type)) return 0;
+  const double most = std::max(run.MissionDefs[type].MinPlanes, run.MissionDefs[type].MaxPlanes);
+  return prospect.scaled ? most * run.Periods[run.WarPeriod].SizeFactor[prospect.nation] : most;
+}
+
+bool GetsAltitude(const RunState& run, const Prospect& prospect, Long type) {
+  for (Long flown = 0; flown < TypesFilled; ++flown) {
+    if (type != AnyType && type != flown) continue;
+    if (prospect.climbs && prospect.flown.Has(flown) && run.MissionDefs[flown].MaxAlt != 0) return true;
+  }
+  return false;
+}
+
 }  // namespace velmoran

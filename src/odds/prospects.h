@@ -32,4 +32,12 @@ struct Prospect {
 // One for each row of Missions. run must be a plan that CheckPlan accepts and that isn't massaged.
 std::vector<Prospect> Foresee(const RunState& run);
 
+// The most planes that AdjustFlightSize can give the flight as a mission of this type, before rounding; 0 if it can't
+// be one, or if the flight's nation or squadron keeps its size within 12.
+double LargestSize(const RunState& run, const Prospect& prospect, Long type);
+
+// Whether GetBaseAlt can draw an altitude for the flight as a mission of this type, or of any.
+inline constexpr Long AnyType = -1;
+bool GetsAltitude(const RunState& run, const Prospect& prospect, Long type);
+
 }  // namespace velmoran

@@ -18,8 +18,7 @@ using std::to_string;
 using Prospects = std::vector<Prospect>;
 
 constexpr Long NationColumns = Nations - 1;  // of the setup file
-constexpr Long AnyType = -1;
-constexpr double LargestScaled = 12.5;  // rounds to 12, the most planes that a flight can have
+constexpr double LargestScaled = 12.5;       // rounds to 12, the most planes that a flight can have
 
 // The altitudes that a massage draws from where mission and aircraft share none.
 constexpr Long LeastTop = 2000, Depth = 1000, LeastBottom = 1500;
@@ -80,7 +79,8 @@ struct Warner {
   // MaxPlanes above 12, and size factors that lift a size above 12.
   void WarnOfTooManyPlanes() {
     for (Long type = 0; type < TypesFilled; ++type) {
-      const Prospects those = Those([&](const Prospect& flight) { return LargestSize(flight, type) > LargestScaled; });
+      const Prospects those =
+          Those([&](const Prospect& flight) { return LargestSize(run, flight, type) > LargestScaled; });
       if (Most(type) <= Slots || those.empty()) continue;
       Warn(Limit(type, Most(type)) + ": a flight that gets more than 12 planes" + EndedBy(those) +
            ". Lower it to 12 or less.");
@@ -90,7 +90,8 @@ struct Warner {
       const Prospects those = Those([&](const Prospect& flight) {
         bool tooMany = false;
         for (Long type = 0; type < TypesFilled; ++type) {
-          if (flight.nation != nation || Most(type) > Slots || LargestSize(flight, type) <= LargestScaled) continue;
+          if (flight.nation != nation || Most(type) > Slots || LargestSize(run, flight, type) <= LargestScaled)
+            continue;
           tooMany = true;
           if (worst == AnyType || Most(type) > Most(worst)) worst = type;
         }
@@ -207,15 +208,6 @@ struct Warner {
 
   static bool IsSwapped(const auto& row) { return row.MinAlt > row.MaxAlt; }
 
-  // Whether the flight gets an altitude as a mission of this type, or of any.
-  bool Climbs(const Prospect& flight, Long type) const {
-    for (Long flown = 0; flown < TypesFilled; ++flown) {
-      const bool meant = type == AnyType || type == flown;
-      if (meant && flight.climbs && flight.flown.Has(flown) && run.MissionDefs[flown].MaxAlt != 0) return true;
-    }
-    return false;
-  }
-
   // Of a row of MissionDefs or Aircraft, if it counts for any flight.
   void WarnIfSwapped(const std::string& item, const auto& row, const std::string& label, const Prospects& those) {
     if (!IsSwapped(row) || those.empty()) return;
@@ -230,7 +222,8 @@ struct Warner {
     Long row = 0, from = 0, to = 0, gap = 0;  // where they are furthest apart
     const Prospects those = Those([&](const Prospect& flight) {
       const AircraftRec& aircraft = run.Aircraft[flight.aircraft];
-      if (!Climbs(flight, type) || flight.aircraft >= AircraftFilled || IsSwapped(def) || IsSwapped(aircraft)) {
+      if (!GetsAltitude(run, flight, type) || flight.aircraft >= AircraftFilled || IsSwapped(def) ||
+          IsSwapped(aircraft)) {
         return false;
       }
       const Long upper = missionAbove ? def.MinAlt : aircraft.MinAlt;
@@ -260,11 +253,12 @@ struct Warner {
   void WarnOfAltitudes() {
     for (Long type = 0; type < TypesFilled; ++type) {
       WarnIfSwapped(Item("MissionDefs", type, "MinAlt"), run.MissionDefs[type], Named(type),
-                    Those([&](const Prospect& flight) { return Climbs(flight, type); }));
+                    Those([&](const Prospect& flight) { return GetsAltitude(run, flight, type); }));
     }
     for (Long row = 0; row < AircraftFilled; ++row) {
-      WarnIfSwapped(Item("Aircraft", row, "MinAlt"), run.Aircraft[row], "",
-                    Those([&](const Prospect& flight) { return flight.aircraft == row && Climbs(flight, AnyType); }));
+      WarnIfSwapped(Item("Aircraft", row, "MinAlt"), run.Aircraft[row], "", Those([&](const Prospect& flight) {
+                      return flight.aircraft == row && GetsAltitude(run, flight, AnyType);
+                    }));
     }
     for (Long type = 0; type < TypesFilled; ++type) {
       for (const bool missionAbove : {true, false}) WarnIfApart(type, missionAbove);
@@ -273,12 +267,6 @@ struct Warner {
 
  private:
   double Factor(Long nation) const { return run.Periods[run.WarPeriod].SizeFactor[nation]; }
-
-  // The most planes that the flight can get as a mission of this type; 0 if that is never above 12.
-  double LargestSize(const Prospect& flight, Long type) const {
-    if (flight.players || flight.nation == 0 || !flight.stored.Has(type)) return 0;
-    return flight.scaled ? Most(type) * Factor(flight.nation) : Most(type);
-  }
 
   Long Most(Long type) const { return std::max(run.MissionDefs[type].MinPlanes, run.MissionDefs[type].MaxPlanes); }
 
