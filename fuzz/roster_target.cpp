@@ -5,6 +5,7 @@
 #include "files/roster.h"
 #include "session.h"
 #include "state/failure.h"
+#include "state/roster.h"
 
 using namespace velmoran;
 

@@ -22,10 +22,10 @@ struct Squadron {
   Long id;
   Long plane;  // row of Aircraft in sample/Velmoran.txt
   Place home;
-  std::initializer_list<Integer> types;  // one a flight
+  std::initializer_list<Integer> types;  // one for each flight
 };
 
-// The front runs north to south; German fields lie east of it. Positions have no unit.
+// The front runs north to south, with German airfields to the east. Positions have no unit.
 constexpr Long FrontLon = 2100000;
 
 const std::array<Squadron, 25> OrdinaryDay{{
@@ -56,11 +56,11 @@ const std::array<Squadron, 25> OrdinaryDay{{
     {184, 37, {1740000, 3000000}, {TypeRecon, TypeSpotting, TypeSpotting}},
 }};
 
-// The first flight of the one squadron escorts the first flight of the other.
-struct Escorting {
+// Squadrons: the first flight of escort escorts the first flight of escorted.
+struct EscortPair {
   Long escort, escorted;
 };
-constexpr std::array<Escorting, 10> Escortings{{
+constexpr std::array<EscortPair, 10> EscortPairs{{
     {2, 31},
     {5, 33},
     {9, 52},
@@ -74,7 +74,7 @@ constexpr std::array<Escorting, 10> Escortings{{
 }};
 
 bool IsEscorted(Long squadID) {
-  return std::ranges::count(Escortings, squadID, &Escorting::escorted) > 0;
+  return std::ranges::count(EscortPairs, squadID, &EscortPair::escorted) > 0;
 }
 
 Long Altitude(Long missionType, Dice& dice) {
@@ -178,7 +178,7 @@ class Planner {
     Fill(waypoint.WPBytes, dice_);
   }
 
-  // Takeoff, a climb to the front, with the rendezvous on the way if there is one, work, the way back and landing.
+  // Takeoff, a climb to the front (with a rendezvous, if there is one), the mission itself, the return and landing.
   void FlyRoute(MissionRec& flight, Place home, bool meetsEscort, Long workPoints) {
     const Long altitude = Altitude(flight.MissionType, dice_);
     const Long across = home.lon < FrontLon ? 1 : -1;
@@ -195,7 +195,7 @@ class Planner {
     AddWaypoint(flight, ActionLand, home, 200);
   }
 
-  // The escort goes to the meeting point and stays with the flight until that turns for home.
+  // The escort joins the flight at its rendezvous and leaves it when it turns for home.
   void FlyEscort(MissionRec& escort, Place home, const MissionRec& escorted) {
     escort.EscortFlag = 1;
     escort.EscortedFlight = escorted.FlightID;
@@ -251,7 +251,7 @@ void PlanOrdinaryDay(RunState& run) {
       first = false;
     }
   }
-  for (const Escorting& pair : Escortings) {
+  for (const EscortPair& pair : EscortPairs) {
     planner.FlyEscort(FirstFlight(run, pair.escort), SquadronOf(pair.escort).home, FirstFlight(run, pair.escorted));
   }
   run.PlayerFlight = FirstFlight(run, OrdinaryDay[0].id).FlightID + 1;

@@ -25,10 +25,10 @@ class Dice {
 // The nation of a squadron of the sample's roster, 0 to 4.
 velmoran::Integer NationOf(velmoran::Long squadID);
 
-// An ordinary day: flights of 25 squadrons, escorts and those that they meet, the player's three flights.
+// An ordinary day: flights of 25 squadrons, with escorts, and three flights of the player's squadron.
 void PlanOrdinaryDay(velmoran::RunState& run);
 
-// The largest plan that a mission file holds: 201 flights of 31 waypoints.
+// The largest plan that fits in a mission file: 201 flights of 31 waypoints.
 void PlanLargestDay(velmoran::RunState& run);
 
 }  // namespace sample

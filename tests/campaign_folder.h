@@ -1,4 +1,4 @@
-// A copy of the sample campaign for each test, to be spoiled at will, and the directory of the process meanwhile.
+// A copy of the sample campaign for each test to alter, with its folder velmoran as the current directory.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <fstream>
 #include <memory>
+#include <optional>
 #include <random>
 #include <regex>
 #include <sstream>
@@ -31,7 +32,7 @@ inline void Write(const std::filesystem::path& path, const Bytes& bytes) {
   std::ofstream(path, std::ios::binary) << bytes;
 }
 
-// The bytes with the value at the offset, least significant byte first, in as many bytes as width tells.
+// The bytes with the value stored at the offset, in width bytes, least significant first.
 inline Bytes Poked(Bytes bytes, std::size_t offset, std::int64_t value, std::size_t width = 4) {
   for (std::size_t i = 0; i < width; ++i) bytes.at(offset + i) = static_cast<char>(value >> (8 * i));
   return bytes;
@@ -58,9 +59,9 @@ class CampaignFolder : public testing::Test {
     std::filesystem::remove_all(root, held);
   }
 
-  // Does the event, with what the user types into its dialog, and gives the messages that it shows; "failed" for the
-  // end of the program by a failure.
-  Messages Press(void (*event)(velmoran::RunState&), const std::string& typed = "") {
+  // Runs the event, with what the user types into its dialog. Returns the messages that it shows, then "failed" if it
+  // ends the program because of a failure.
+  Messages Press(void (*event)(velmoran::RunState&), const std::optional<std::string>& typed = {}) {
     fakes::form.messages.clear();
     fakes::form.answer = typed;
     try {
@@ -76,13 +77,13 @@ class CampaignFolder : public testing::Test {
     return Press(velmoran::Form_Load);
   }
   Messages Open(const std::string& typed = "../campaign/campgn01.mis") { return Press(velmoran::OpenB_Click, typed); }
-  // What Massage says of a mission file.
+  // The messages of Massage for this mission file.
   Messages MassageOf(const Bytes& mission) {
     Write(mis, mission);
     EXPECT_EQ((Load(), Open()), Messages{});
     return Press(velmoran::MassageB_Click);
   }
-  // What a program says to the commands typed, and whether it ends well.
+  // What a program prints for the commands typed, and whether its exit status is 0.
   struct Said {
     Bytes text;
     bool succeeded;

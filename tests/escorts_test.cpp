@@ -1,9 +1,8 @@
-// What removals mean across escort links, and the new numbers.
+// What removals mean for escorts and the flights that they escort, and the new numbers.
 #include "massage/escorts.h"
 
-#include <sstream>
-
-#include "massage/flight_size.h"
+#include "massage/removal.h"
+#include "massage/renumbering.h"
 #include "massage/sequence.h"
 #include "run_test.h"
 
@@ -14,101 +13,111 @@ const std::string Lost =
     "Velmoran failed: don't freak - happens sometimes.  Play without velmoran or make a new mission";
 const std::string Mismatch = "Error: Number of escort missions does not match missions needing escort";
 
-// Plans are written and shown row by row: a FlightID, for an escort ">" and what it escorts, ":" and the actions of its
-// waypoints, "!" when it is out of play.
 class EscortsTest : public RunTest {
  protected:
-  void Plan(const std::string& rows) {
-    std::istringstream words(rows);
-    for (Long id = 0; words >> id;) {
-      Flight flight;
-      if (words.peek() == '>') {
-        flight.type = TypeEscort;
-        words.ignore() >> flight.escorted;
-      }
-      for (int action = 0; words.peek() == ':' || words.peek() == ',';) {
-        words.ignore() >> action;
-        flight.actions.push_back(static_cast<Byte>(action));
-      }
-      Add(flight).FlightID = id;
-    }
-  }
-  std::string Shown() const {
-    std::string shown;
-    for (Long row = 0; row < run.LoadedCount; ++row) {
-      const MissionRec& flight = run.Missions[row];
-      shown += std::to_string(flight.FlightID);
-      if (flight.MissionType == TypeEscort) shown += ">" + std::to_string(flight.EscortedFlight);
-      if (flight.WPCount > 0) shown += ":" + Actions(row);
-      shown += run.Removed[row] == InPlay ? " " : "! ";
-    }
-    return shown + "player " + std::to_string(run.PlayerFlight) + " of " + std::to_string(run.MissionCount);
-  }
-  // After the removals and the three passes.
-  std::string Settled(Long player, std::initializer_list<Integer> removals) {
-    run.PlayerFlight = player;
-    for (const Integer row : removals) RemoveFlight(run, row);
+  MissionRec& AddEscortOf(Long flightID) { return Add({.type = TypeEscort, .escorted = flightID}); }
+  MissionRec& AddMeeting(const std::vector<Byte>& actions = {ActionRendezvous}) { return Add({.actions = actions}); }
+
+  // Removes the rows, then runs the three passes. Returns the messages of the passes.
+  Messages AfterRemoving(std::initializer_list<Integer> rows) {
+    for (const Integer row : rows) RemoveFlight(run, row);
     fakes::form.messages.clear();
     ResolveEscorts(run);
     RenumberFlights(run);
     VerifyEscorts(run);
-    return Shown();
+    return fakes::form.messages;
   }
 };
 
 TEST_F(EscortsTest, LinksAndPlayerFollowTheNewNumbers) {
-  Plan("0 1>3 2 3:10 4");
-  EXPECT_EQ(Settled(4, {0, 2}), "0! 0>1 2! 1:10 2 player 2 of 3");
-  EXPECT_EQ(fakes::form.messages, Messages{});
+  Add({});
+  AddEscortOf(3);
+  Add({});
+  AddMeeting();
+  Add({});
+  run.PlayerFlight = 4;
+  EXPECT_EQ(AfterRemoving({0, 2}), Messages{});
+  EXPECT_EQ(All(&MissionRec::FlightID), (Longs{0, 0, 2, 1, 2}));  // removed flights keep theirs
+  EXPECT_EQ(run.Missions[1].EscortedFlight, 1);
+  EXPECT_EQ(Actions(3), Longs{ActionRendezvous});
+  EXPECT_EQ((Longs{run.PlayerFlight, run.MissionCount}), (Longs{2, 3}));
 }
 
 TEST_F(EscortsTest, LostEscortEndsEveryRendezvousOfItsFlight) {
-  Plan("0>2 1>2 2:10,4,10");
-  EXPECT_EQ(Settled(50, {0}), "0>1! 0>1 1:14,4,14 player 50 of 2");
-  EXPECT_EQ(fakes::form.messages, Messages{Mismatch});  // the second escort is left over
+  AddEscortOf(2);
+  AddEscortOf(2);
+  AddMeeting({ActionRendezvous, ActionPatrol, ActionRendezvous});
+  run.PlayerFlight = 50;
+  EXPECT_EQ(AfterRemoving({0}), Messages{Mismatch});  // the second escort is left over
+  EXPECT_EQ(Actions(2), (Longs{ActionNavigate, ActionPatrol, ActionNavigate}));
+  EXPECT_EQ(run.Missions[1].EscortedFlight, 1);
+  EXPECT_EQ(run.PlayerFlight, 50);
 }
 
 TEST_F(EscortsTest, LostFlightTakesItsEscortsWithIt) {
-  Plan("0:10,10 1>0:10 2>3 3:4 4");  // 1 is the player's; 3 goes without a rendezvous, and its escort stays
-  EXPECT_EQ(Settled(1, {0, 3}), "0:10,10! 1>-1:10! 0>0 3:4! 1 player 1 of 2");
-  EXPECT_EQ(run.LostEscortCount, 0);
-  EXPECT_EQ(fakes::form.messages, (Messages{Lost, Lost, Mismatch}));
+  AddMeeting({ActionRendezvous, ActionRendezvous});
+  AddEscortOf(0).Waypoints[0].Action = ActionRendezvous;
+  AddEscortOf(3);
+  AddMeeting({ActionPatrol});  // no rendezvous, so its escort stays
+  Add({});
+  run.PlayerFlight = 1;
+  EXPECT_EQ(AfterRemoving({0, 3}), (Messages{Lost, Lost, Mismatch}));
+  EXPECT_EQ(RowsInPlay(), (Longs{2, 4}));
+  EXPECT_EQ((Longs{run.Missions[1].EscortedFlight, run.Missions[2].EscortedFlight}), (Longs{-1, 0}));
+  EXPECT_EQ(run.LostEscortCount, 0);  // no cascade
+  EXPECT_EQ(run.PlayerFlight, 1);
 }
 
-TEST_F(EscortsTest, SearchesTakeTheLastMatchOrStayWithTheRowFoundBefore) {
-  // 70 is nobody: its loss works on row 0, and its link later goes by the row that 7 has found.
-  Plan("0:10 1>70 2>7 7:10 7:10 5>-2147483648");
-  EXPECT_EQ(Settled(0, {1, 2}), "0:14 1>68! 2>5! 1:10 2:14 3>2147483646 player 0 of 4");
+TEST_F(EscortsTest, SearchTakesTheLastMatchOrElseTheRowFoundBefore) {
+  AddMeeting();
+  AddEscortOf(70);  // nobody: works on row 0 first, later on the last row found
+  AddEscortOf(7);
+  AddMeeting().FlightID = 7;
+  AddMeeting().FlightID = 7;
+  AddEscortOf(-2147483648);
+  AfterRemoving({1, 2});
+  EXPECT_EQ((Longs{Actions(0)[0], Actions(3)[0], Actions(4)[0]}),
+            (Longs{ActionNavigate, ActionRendezvous, ActionNavigate}));
+  EXPECT_EQ((Longs{run.Missions[1].EscortedFlight, run.Missions[2].EscortedFlight, run.Missions[5].EscortedFlight}),
+            (Longs{68, 5, 2147483646}));
 }
 
-TEST_F(EscortsTest, RenumberingComparesTheRowAndNotTheFlightID) {
-  Plan("8 0");
-  EXPECT_EQ(Settled(0, {0}), "8! 0 player 0 of 1");
-  EXPECT_EQ(Settled(8, {}), "8! 0 player 8 of 1");
-  EXPECT_EQ(Settled(1, {}), "8! 0 player 0 of 1");
+TEST_F(EscortsTest, PlayerFlightIsRenumberedByItsRow) {
+  Add({}).FlightID = 8;
+  Add({}).FlightID = 0;
+  RemoveFlight(run, 0);
+  for (const auto& [before, after] : {std::pair<Long, Long>{0, 0}, {8, 8}, {1, 0}}) {
+    run.PlayerFlight = before;
+    RenumberFlights(run);
+    EXPECT_EQ(run.PlayerFlight, after) << before;
+  }
 }
 
-TEST_F(EscortsTest, VerifyNamesEachLinkThatLeadsNowhere) {
-  Plan("0>5 1>3 2>-6 3:10,10,10");
+TEST_F(EscortsTest, EachLinkToNoRendezvousIsReported) {
+  for (const Long flightID : {5, 3, -6}) AddEscortOf(flightID);
+  AddMeeting({ActionRendezvous, ActionRendezvous, ActionRendezvous});
   VerifyEscorts(run);
   EXPECT_EQ(fakes::form.messages,
             (Messages{"Error: Escort flight not found : 5", "Error: Escort flight not found : -6"}));
 }
 
-// The order of the passes shows in the order of the losses: an escort of nobody works on the flight found before.
+// An escort of nobody works on the flight found before, so the order of the losses shows the order of the passes.
 TEST_F(EscortsTest, WholeSequence) {
-  run.Periods[0].RemoveOdds = 0.5;
+  period.RemoveOdds = 0.5;
   run.MissionDefs[TypeBomb] = {0, 0, 12, 12};
-  Add({.squad = Player, .actions = {10}, .pilots = {1, 2}});
+  Add({.squad = Player, .actions = {ActionRendezvous}, .pilots = {1, 2}});
   Add({.squad = Player, .type = TypeEscort, .pilots = {3, 4}, .escorted = 99});
   Add({.squad = British, .type = TypeBomb, .planes = {9}});
-  Add({.squad = British, .type = TypeEscort, .planes = {9}, .escorted = 4});  // finds no room beside 12 bombers
-  Add({.squad = German, .actions = {10}});
+  Add({.squad = British, .type = TypeEscort, .planes = {9}, .escorted = 4});  // no room beside 12 bombers
+  Add({.squad = German, .actions = {ActionRendezvous}});
   fakes::Script({0, 0, 0, 0, 0, 0.9F, /* the player's squadron */ 0, 0, 0.9F});
   RunMassage(run);
-  EXPECT_EQ(Shown(), "0:10 1>97! 1 3>2! 2:14 player 0 of 3");
-  EXPECT_EQ(run.Missions[0].Waypoints[0].Formation, FormationEchelonLeft);
   EXPECT_EQ(fakes::form.messages, Messages{Mismatch});
+  EXPECT_EQ(RowsInPlay(), (Longs{0, 2, 4}));
+  EXPECT_EQ(All(&MissionRec::FlightID), (Longs{0, 1, 1, 3, 2}));
+  EXPECT_EQ((Longs{run.Missions[1].EscortedFlight, run.Missions[3].EscortedFlight}), (Longs{97, 2}));
+  EXPECT_EQ((Longs{Actions(0)[0], Actions(4)[0]}), (Longs{ActionRendezvous, ActionNavigate}));
+  EXPECT_EQ(run.Missions[0].Waypoints[0].Formation, FormationEchelonLeft);
 }
 
 }  // namespace

@@ -1,7 +1,7 @@
-// A form and a source of draws that tests script and read back, in place of a front end and of Rnd.
+// A form and a source of random draws for tests, instead of a front end and of Rnd.
 #pragma once
 
-#include <initializer_list>
+#include <optional>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -16,8 +16,8 @@ struct Form {
   std::string hint;
   std::string target = "Target: ";
   std::vector<std::string> messages;
-  std::vector<std::string> asked;  // "open DIRECTORY [NAME]" for each dialog
-  std::string answer;              // what the user types into the next dialog; "" is Cancel
+  std::vector<std::string> asked;     // "open DIRECTORY [NAME]" for each dialog
+  std::optional<std::string> answer;  // what the user types into the next dialog; nothing is Cancel
 };
 extern Form form;
 
@@ -26,7 +26,7 @@ struct ProgramEnded {
 };
 
 // The draws to come, in order. A draw beyond them fails the test.
-void Script(std::initializer_list<float> draws);
+void Script(std::vector<float> draws);
 std::size_t DrawsLeft();
 
 // "3,-1,0.5"

@@ -1,11 +1,9 @@
-// Files that can't be used, one fault a case: whatever is refused leaves the state and the user's files as they were,
-// and the sound file is taken the next time.
+// Files that can't be used: one fault for each line of data/faults.txt, in an otherwise intact sample. What is refused
+// leaves the state and the user's files unchanged, and the intact file is accepted afterwards.
 #include <algorithm>
+#include <cctype>
 #include <map>
-#include <optional>
-#include <regex>
 #include <sstream>
-#include <utility>
 
 #include "campaign_folder.h"
 
@@ -13,169 +11,119 @@ using namespace velmoran;
 
 namespace {
 
-class FaultsTest : public CampaignFolder {
+struct Fault {
+  std::string line, event, file, change, message;
+};
+void PrintTo(const Fault& fault, std::ostream* out) { *out << fault.line; }
+
+std::vector<Fault> Faults() {
+  std::vector<Fault> faults;
+  std::ifstream lines(VELMORAN_TEST_DATA "/faults.txt");
+  for (std::string line; std::getline(lines, line);) {
+    if (line.starts_with('#')) continue;
+    std::vector<std::string> columns;
+    for (std::size_t at = 0, end; at <= line.size(); at = end + 3) {
+      end = std::min(line.find(" | ", at), line.size());
+      columns.push_back(line.substr(at, end - at));
+    }
+    faults.push_back({line, columns.at(0), columns.at(1), columns.at(2), columns.at(3)});
+  }
+  return faults;
+}
+
+Bytes WithLineEnds(Bytes text) {
+  for (std::size_t at = 0; (at = text.find("\\n")) != Bytes::npos;) text.replace(at, 2, "\n");
+  return text;
+}
+
+Bytes Changed(Bytes bytes, const std::string& change) {
+  if (const std::size_t arrow = change.find(" -> "); arrow != Bytes::npos) {
+    return Replaced(bytes, WithLineEnds(change.substr(0, arrow)), WithLineEnds(change.substr(arrow + 4)));
+  }
+  std::istringstream numbers(change.starts_with("size ") ? change.substr(5) : change);
+  std::int64_t size = 0, value = 0;
+  if (change.starts_with("size ") && numbers >> size) {
+    bytes.resize(static_cast<std::size_t>(size) + (size < 0 ? bytes.size() : 0));
+  }
+  for (std::size_t offset = 0, width = 0; numbers >> offset >> width >> value;) {
+    bytes = Poked(bytes, offset, value, width);
+  }
+  return bytes;
+}
+
+const std::string Item =
+    "Correct this item; if it is right, there is an item too many or too few further up (a decimal comma makes two "
+    "items).";
+const std::string Folder =
+    "he tool's folder must have a name of eight characters and be beside the simulation's data folder.";
+const std::string Damaged = "If it is the right file, it is damaged: restore your copy of the campaign folder.";
+
+// The advice of a message, by file or event: if the file is invalid, and if it is missing.
+const std::map<std::string, std::pair<std::string, std::string>> Advice{
+    {"ini", {Item, "Start Velmoran from its own folder, with Velmoran.ini in it."}},
+    {"txt", {Item, "Copy Velmoran.txt there. If that is the wrong folder: t" + Folder}},
+    {"roster", {"Replace it with an intact copy.", "It is part of the simulation. T" + Folder}},
+    {"mis", {Damaged, "Choose the mission file of your campaign, campgn??.mis."}},
+    {"dat", {Damaged, "The campaign file must be beside the mission file, with the extension dat."}},
+    {"massage", {"Velmoran can't massage this plan: press Exit, and fly it as it is.", ""}}};
+
+class FaultsTest : public CampaignFolder, public testing::WithParamInterface<Fault> {
  protected:
-  // Spoils a file, or takes it away, and does the event that meets it, which tells the message of data/faults.txt.
-  void Meets(const std::string& event, const std::filesystem::path& path, const std::optional<Bytes>& spoiled,
-             const std::string& message) {
-    const Bytes intact = files.at(path);
-    files[path] = spoiled.value_or("");
-    spoiled ? ::Write(path, *spoiled) : void(std::filesystem::remove(path));
-    const bool refused = message.starts_with("Error"), ends = event == "load" || !refused;
-    Messages told;
-    if (refused) told = {Whole(event, path, message)};
-    if (!refused && message != "none") told = {message};
-    if (ends && message != "none") told.push_back("failed");
-    Messages said = Load();
-    if (event != "load") {
-      EXPECT_EQ(said, Messages{});
-      if (event == "massage") Open();
-      const std::string before = Known(path == dat);
-      said = event == "open" ? Open() : Press(MassageB_Click);
-      EXPECT_EQ(Known(path == dat) == before, refused);
-    }
-    EXPECT_EQ(said, told);
-    for (const auto& [file, bytes] : files) EXPECT_TRUE(Read(file) == bytes) << file;
-
-    ::Write(path, files[path] = intact);
-    said = event == "load" || path == roster || !refused ? Load() : Messages{};
-    if (event != "load" && said.empty()) said = Open();
-    EXPECT_TRUE(event == "load" || Composed() == sound);
-    if (event == "massage" && said.empty()) said = Press(MassageB_Click);
-    EXPECT_EQ(said, Messages{});
+  // What the user sees, and what Write would write.
+  std::string Visible() const { return fakes::form.buttons + fakes::form.hint + fakes::form.target + Composed(); }
+  std::string Campaign() const {
+    return fakes::Join(std::vector<Long>{state->CampaignDate, state->WarPeriod, state->ShiftAxis, state->TypeOddsGate});
   }
-
-  std::map<std::filesystem::path, Bytes> files{
-      {ini, Read(ini)}, {txt, Read(txt)}, {roster, Read(roster)}, {mis, sound}, {dat, Read(dat)}};
-
- private:
-  // The message with the whole path in place of the file's name, and with what the user is told to do.
-  std::string Whole(const std::string& event, const std::filesystem::path& path, std::string message) const {
-    const bool opens = message.find("can't be opened") != Bytes::npos;
-    const std::filesystem::path shown = event == "massage" ? mis : path;
-    message = Replaced(message, shown.filename().string(), std::filesystem::path(shown).make_preferred().string());
-    const std::string folder =
-        "the tool's folder must have a name of eight characters and be beside the simulation's data folder.";
-    if (event == "massage") {
-      return message + ". No file was changed. Velmoran can't massage this plan: press Exit, and fly it as it is.";
-    }
-    if (path == mis || path == dat) {
-      return message + ". No file was changed. " +
-             (!opens        ? "If it is the right file, it is damaged: restore your copy of the campaign folder."
-              : path == mis ? "Choose the mission file of your campaign, campgn??.mis."
-                            : "The campaign file must be beside the mission file, with the extension dat.");
-    }
-    if (path == roster) {
-      return message +
-             (opens ? ". It is part of the simulation. T" + folder.substr(1) : ". Replace it with an intact copy.");
-    }
-    if (!opens) {
-      return message +
-             ". Correct this item; if it is right, there is an item too many or too few further up (a decimal comma "
-             "makes "
-             "two items).";
-    }
-    return message + (path == ini ? ". Start Velmoran from its own folder, with Velmoran.ini in it."
-                                  : ". Copy Velmoran.txt there. If that is the wrong folder: " + folder);
-  }
-
-  // What the user sees and what would be written; and what the campaign file says, which Open takes over before it
-  // looks at the mission file.
-  std::string Known(bool withCampaign) const {
-    const std::vector<Long> campaign{state->CampaignDate, state->WarPeriod, state->ShiftAxis, state->TypeOddsGate};
-    return fakes::form.buttons + fakes::form.hint + fakes::form.target + Composed() +
-           (withCampaign ? fakes::Join(campaign) : "");
+  // The message of the line, with the whole path instead of the file name, and with its advice. None for "none".
+  Messages Expected(const std::filesystem::path& path) const {
+    const auto& [line, event, file, change, message] = GetParam();
+    if (message == "none") return {};
+    if (!message.starts_with("Error")) return {message, "failed"};  // a massage that has begun ends
+    const std::filesystem::path named = event == "massage" ? mis : path;
+    const std::string whole = Replaced(message, named.filename().string(), Native(named)) + ". ";
+    const auto& [advice, adviceIfMissing] = Advice.at(event == "massage" ? event : file);
+    const std::string unchanged = event == "load" ? "" : "No file was changed. ";
+    const Messages shown{whole + unchanged + (change == "remove" ? adviceIfMissing : advice)};
+    return event == "load" ? Messages{shown[0], "failed"} : shown;
   }
 };
 
-// The bytes with a fault as data/faults.txt tells it.
-Bytes Spoiled(const Bytes& intact, const std::string& fault) {
-  if (const std::size_t arrow = fault.find(" -> "); arrow != std::string::npos) {
-    const auto lines = [](const std::string& text) { return std::regex_replace(text, std::regex(R"(\\n)"), "\n"); };
-    return Replaced(intact, lines(fault.substr(0, arrow)), lines(fault.substr(arrow + 4)));
-  }
-  Bytes spoiled = intact;
-  const bool sized = fault.starts_with("size ");
-  std::istringstream values(sized ? fault.substr(5) : fault);
-  std::int64_t size = 0, value = 0;
-  if (sized && values >> size) spoiled.resize(static_cast<std::size_t>(size) + (size < 0 ? intact.size() : 0));
-  for (std::size_t offset = 0, width = 0; values >> offset >> width >> value;) {
-    spoiled = Poked(spoiled, offset, value, width);
-  }
-  return spoiled;
-}
-
-TEST_F(FaultsTest, OneAtATime) {
+TEST_P(FaultsTest, IsReported) {
+  const auto& [line, event, file, change, message] = GetParam();
   const std::map<std::string, std::filesystem::path> paths{
       {"ini", ini}, {"txt", txt}, {"roster", roster}, {"mis", mis}, {"dat", dat}};
-  std::ifstream faults(VELMORAN_TEST_DATA "/faults.txt");
-  const std::regex columns(R"((\w+) \| (\w+) \| (.*) \| (.*))");
-  int met = 0;
-  for (std::string line; std::getline(faults, line);) {
-    std::smatch column;
-    if (!std::regex_match(line, column, columns)) continue;
-    SCOPED_TRACE(line);
-    ++met;
-    const std::filesystem::path path = paths.at(column[2]);
-    Meets(column[1], path, column[3] == "remove" ? std::nullopt : std::optional(Spoiled(files[path], column[3])),
-          column[4]);
-  }
-  EXPECT_EQ(met, 144);
-}
+  const std::filesystem::path path = paths.at(file);
+  const Bytes intact = Read(path), faulty = change == "remove" ? "" : Changed(intact, change);
+  change == "remove" ? void(std::filesystem::remove(path)) : ::Write(path, faulty);
 
-TEST_F(FaultsTest, CutShort) {
-  std::size_t end = 0;
-  // Steps over a part of a file, which is then cut within it, at so many bytes; gives the offset of the part.
-  const auto step = [&](const std::filesystem::path& path, const std::string& part, std::size_t width,
-                        std::size_t cuts) {
-    const std::size_t from = std::exchange(end, end + width);
-    for (std::size_t size = from; size < from + cuts; ++size) {
-      Meets(path == mis ? "open" : "load", path, files[path].substr(0, size),
-            "Error # 62 " + path.filename().string() + ", " + part + " at offset " + std::to_string(from) +
-                ": the file ends " + std::to_string(end - size) + (end - size == 1 ? " byte" : " bytes") +
-                " too early");
+  if (event == "load") {
+    EXPECT_EQ(Load(), Expected(path));
+  } else {
+    ASSERT_EQ(Load(), Messages{});
+    if (event == "massage") {
+      EXPECT_EQ(Open(), Messages{});
     }
-    return from;
-  };
-  const auto number = [](const Bytes& bytes, std::size_t at) { return std::size_t{static_cast<Byte>(bytes.at(at))}; };
-  step(mis, "header", 17, 17);
-  for (std::size_t row = 0; row < number(sound, 13); ++row) {
-    const std::string record = "record " + std::to_string(row);
-    const std::size_t at = step(mis, record, 216, row == 0 ? 216 : 1), link = number(sound, at + 204) == 0 ? 0 : 4,
-                      body = 46 * number(sound, at + 192) + link + 148;
-    step(mis, record, body, row == 0 ? body : 1);
+    const std::string visible = Visible(), campaign = Campaign();
+    EXPECT_EQ(event == "open" ? Open() : Press(MassageB_Click), Expected(path));
+    if (message.starts_with("Error")) {
+      EXPECT_TRUE(Visible() == visible);
+      EXPECT_TRUE(path != dat || Campaign() == campaign);
+    }
   }
-  const Bytes squadrons = files[roster];
-  end = 0;
-  for (int row = 0; row < 190; ++row) {
-    const std::string record = "record " + std::to_string(row);
-    const std::size_t at = step(roster, record, 60, 1);
-    step(roster, record, 16 * number(squadrons, at + 56), 0);
-    step(roster, record, 28 * number(squadrons, step(roster, record, 4, 0)), 0);
+  EXPECT_EQ(Read(path), faulty);
+  if (event == "open") {
+    ::Write(path, intact);
+    EXPECT_EQ(Open(), Messages{});
+    EXPECT_TRUE(Composed() == sound);
   }
 }
 
-TEST_F(FaultsTest, EveryNumberOfTheSetup) {
-  std::ifstream items(VELMORAN_TEST_DATA "/items.txt");  // what messages call the numbers, in order
-  const std::regex textOrNumber(R"("[^"]*"|([-.0-9]+))");
-  const std::string huge = "1" + std::string(309, '0');
-  for (const std::filesystem::path& path : {ini, txt}) {
-    const Bytes text = files[path];
-    for (std::sregex_iterator found(text.begin(), text.end(), textOrNumber), end; found != end; ++found) {
-      const auto number = (*found)[1];
-      if (!number.matched) continue;
-      std::string item;
-      std::getline(items, item);
-      const auto line = 1 + std::count(text.begin(), number.first, '\n');
-      const std::string place = " " + path.filename().string() + " line " + std::to_string(line) + ": " + item + ": \"";
-      const auto with = [&](const Bytes& other) {
-        return Bytes(text.begin(), number.first) + other + Bytes(number.second, text.end());
-      };
-      Meets("load", path, with("1x"), "Error # 13" + place + "1x\" is not a number");
-      Meets("load", path, with(huge), "Error # 6" + place + huge.substr(0, 40) + "\" is out of range");
-    }
-  }
-  EXPECT_EQ(items.peek(), EOF);
+std::string Name(const testing::TestParamInfo<Fault>& fault) {
+  std::string name = std::to_string(fault.index) + "_" + fault.param.line.substr(0, fault.param.line.rfind(" | "));
+  std::replace_if(
+      name.begin(), name.end(), [](unsigned char c) { return !std::isalnum(c); }, '_');
+  return name.substr(0, 60);
 }
+INSTANTIATE_TEST_SUITE_P(Line, FaultsTest, testing::ValuesIn(Faults()), Name);
 
 }  // namespace

@@ -11,16 +11,15 @@ class GroupingTest : public RunTest {
     run.SquadGroups[0] = {.Count = 2, .Kind = 2, .Squads = {German, British}};
     run.SquadGroups[1] = {.Count = 3, .Kind = 2, .Squads = {German, British, British}};
     run.SquadGroups[2] = {.Count = 1, .Kind = 9, .Squads = {Foreign, German}};
-    run.Periods[0].GroupOdds[2] = 0.5;
-    run.WarPeriod = 3;
+    run.Periods[0].GroupOdds[2] = 0.5;  // of war period 0, always
   }
-  // The pairs that CombineFormations makes.
-  std::string Combined(std::initializer_list<float> draws) {
+  // The pairs that CombineFormations makes, source and target.
+  std::vector<Longs> Combined(std::initializer_list<float> draws) {
     fakes::Script(draws);
     CombineFormations(run);
-    std::string pairs;
+    std::vector<Longs> pairs;
     for (Long pair = 0; pair < run.GroupPairCount; ++pair) {
-      pairs += Join(Longs{run.GroupPairs[pair].sourceIndex, run.GroupPairs[pair].targetIndex}) + " ";
+      pairs.push_back({run.GroupPairs[pair].sourceIndex, run.GroupPairs[pair].targetIndex});
     }
     return pairs;
   }
@@ -28,20 +27,21 @@ class GroupingTest : public RunTest {
 };
 
 TEST_F(GroupingTest, EachSourceDrawsAndTakesTheFirstFreeFlight) {
-  Add({.squad = German, .type = TypeEscort, .actions = four});  // 0: draws, can't be a source
-  Add({.squad = British, .actions = {11, 4, 12}});              // 1: draws, too short
+  Add({.squad = German, .type = TypeEscort, .actions = four});  // 0: draws, but can't be a source
+  Add({.squad = British, .actions = {11, 4, 12}});              // 1: draws, but is too short
   Add({.squad = German, .actions = four});                      // 2: removed
   Add({.squad = Stranger, .actions = four});                    // 3: in no group
-  Add({.squad = British, .actions = four});                     // 4: the player's, its draw lies below the odds
+  Add({.squad = British, .actions = four});                     // 4: the player's; its draw is below the odds
   Add({.squad = German, .actions = four});                      // 5: not 4, the player's, but 6
   Add({.squad = British, .actions = four});                     // 6
   Add({.squad = German, .actions = four});                      // 7: takes 9
-  Add({.squad = Foreign, .actions = four});                     // 8: its Kind is in no table
+  Add({.squad = Foreign, .actions = four});                     // 8: its Kind is outside the table
   Add({.squad = German, .actions = four});                      // 9
+  Add({.squad = British, .actions = four});                     // 10: finds nobody
   run.Removed[2] = TakenOut;
   run.PlayerFlight = 4;
-  EXPECT_EQ(isGroupedSquadron(run, German), 1);  // the last that holds it
-  EXPECT_EQ(Combined({1, 1, 0.49F, 0.5F, 1, 1, 1, 1}), "5,6 7,9 ");
+  EXPECT_EQ(isGroupedSquadron(run, German), 1);  // the last group with it
+  EXPECT_EQ(Combined({1, 1, 0.49F, 0.5F, 1, 1, 1, 1, 1}), (std::vector<Longs>{{5, 6}, {7, 9}}));
 }
 
 TEST_F(GroupingTest, TargetTakesTheMissionAndPartsOfTheRoute) {
@@ -51,17 +51,24 @@ TEST_F(GroupingTest, TargetTakesTheMissionAndPartsOfTheRoute) {
   for (WaypointRec& point : source.Waypoints) {
     point = {1, {1}, 1, 1, 1, {1, 1, 1, 1, 1}, 1, 1, 1, 1, 1, 1, point.Action, 1};
   }
-  EXPECT_EQ(Combined({1, 1}), "0,1 ");
-  EXPECT_EQ(target.MissionType + target.FlightType + target.HeadLong16 + target.HeadLong24 + target.Target, 32);
+  EXPECT_EQ(Combined({1, 1}), (std::vector<Longs>{{0, 1}}));
+  EXPECT_EQ((Longs{target.MissionType, target.FlightType, target.HeadLong16, target.HeadLong24, target.Target}),
+            (Longs{TypeBomb, 8, 8, 8, 8}));
   EXPECT_EQ(target.SquadID, British);
-  EXPECT_EQ(Actions(1), "0,1,2,3,4,5");
-  for (Long k = 1; k <= 6; ++k) {
-    const WaypointRec& point = target.Waypoints[k - 1];
-    const int ofSource = k == 1 || k == 2 || k == 5 ? 0 : 1;
-    EXPECT_EQ(point.WPLong0 + point.WPByte33 + point.WPByte35 + point.WPLong36 + point.ActionParam, 5) << k;
-    EXPECT_EQ(Join(point.WPBytes) + " " + Join(point.Carried4), "1,1,1,1,0 0,0,0,0,0,0,0,0") << k;
-    EXPECT_EQ(point.AltBytes + point.Lon + point.Lat + point.WPLong20, 4 * ofSource) << k;
-    EXPECT_EQ(point.Formation + point.WPByte34, 2 - 2 * ofSource) << k;
+  EXPECT_EQ(Actions(1), (Longs{0, 1, 2, 3, 4, 5}));
+  for (const auto field : {&WaypointRec::WPLong0, &WaypointRec::WPLong36, &WaypointRec::ActionParam}) {
+    EXPECT_EQ(Each(1, field), Longs(6, 1));
+  }
+  for (const auto field : {&WaypointRec::WPByte33, &WaypointRec::WPByte35}) EXPECT_EQ(Each(1, field), Longs(6, 1));
+  for (const auto field : {&WaypointRec::AltBytes, &WaypointRec::Lon, &WaypointRec::Lat, &WaypointRec::WPLong20}) {
+    EXPECT_EQ(Each(1, field), (Longs{0, 0, 1, 1, 0, 1}));
+  }
+  for (const auto field : {&WaypointRec::Formation, &WaypointRec::WPByte34}) {
+    EXPECT_EQ(Each(1, field), (Longs{1, 1, 0, 0, 1, 0}));
+  }
+  for (const WaypointRec& point : Route(target)) {
+    EXPECT_EQ(Join(point.WPBytes), "1,1,1,1,0");
+    EXPECT_EQ(Join(point.Carried4), "0,0,0,0,0,0,0,0");
   }
 }
 

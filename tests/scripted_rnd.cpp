@@ -11,7 +11,7 @@ std::deque<float> script;
 
 }  // namespace
 
-void fakes::Script(std::initializer_list<float> draws) { script = draws; }
+void fakes::Script(std::vector<float> draws) { script.assign(draws.begin(), draws.end()); }
 
 std::size_t fakes::DrawsLeft() { return script.size(); }
 
@@ -19,7 +19,7 @@ void velmoran::SeedRnd(RunState& /*run*/) {}
 
 double velmoran::Rnd(RunState& /*run*/) {
   if (script.empty()) {
-    ADD_FAILURE() << "a draw that the test doesn't expect";
+    ADD_FAILURE() << "unexpected draw";
     return 0;
   }
   const float draw = script.front();

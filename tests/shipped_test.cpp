@@ -117,7 +117,7 @@ struct Screen {
   std::string display = ":";
 };
 
-const std::string ConsoleCommand = "\"" VELMORAN_SHIPPED_CONSOLE "\"";
+const std::string ConsoleCommand = "\"" VELMORAN_CONSOLE "\"";
 const Bytes OpenLines = "open\n../campaign/campgn01.mis\n";
 
 class ShippedTest : public CampaignFolder, public testing::WithParamInterface<const char*> {
@@ -125,11 +125,8 @@ class ShippedTest : public CampaignFolder, public testing::WithParamInterface<co
   // The command that starts the program of the test.
   std::string Command() const {
     if (GetParam() == Bytes("Console")) return ConsoleCommand;
-    std::error_code exists;  // LD_PRELOAD takes no path with a space
-    fs::create_symlink(VELMORAN_SHIPPED_DRIVER, "driver.so", exists);
     static const Screen screen;
-    return "env -u QT_QPA_PLATFORM -u WAYLAND_DISPLAY DISPLAY=" + screen.display +
-           " LD_PRELOAD=./driver.so \"" VELMORAN_SHIPPED_WINDOW "\"";
+    return "env -u QT_QPA_PLATFORM -u WAYLAND_DISPLAY DISPLAY=" + screen.display + " \"" VELMORAN_DRIVER "\"";
   }
   // What Write makes of the mission file.
   Bytes Plan() const {

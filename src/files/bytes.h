@@ -1,6 +1,6 @@
-// Little-endian, packed fields in the bytes of a file. A record's field list, a function that hands each field in
-// file order to its first argument, serves FieldWidths, FieldReader and FieldWriter alike. ByteCursor walks a whole
-// file, checking each step against what is left.
+// Reads and writes the packed, little-endian fields of a file. A record's field list is a function that passes each
+// field, in file order, to its first argument: FieldWidths, FieldReader or FieldWriter. ByteCursor walks a whole file
+// and checks each step against the bytes that remain.
 #pragma once
 
 #include <cstring>
@@ -14,7 +14,7 @@
 
 namespace velmoran {
 
-// Adds up the bytes that the fields take in the file.
+// Sums the widths of the fields in the file, in bytes.
 struct FieldWidths {
   std::size_t total = 0;
 
@@ -26,7 +26,7 @@ struct FieldWidths {
   }
 };
 
-// Fills the fields from the bytes on, which must hold as many as FieldWidths tells.
+// Reads the fields starting at at. Requires FieldWidths bytes.
 struct FieldReader {
   const Byte* at;
 
@@ -46,7 +46,7 @@ struct FieldReader {
   }
 };
 
-// Stores the fields from the bytes on, which must have room for as many as FieldWidths tells.
+// Writes the fields starting at at. Requires room for FieldWidths bytes.
 struct FieldWriter {
   Byte* at;
 
@@ -68,12 +68,12 @@ struct FieldWriter {
 
 class ByteCursor {
  public:
-  // Begins at the offset, which may lie behind the end of the bytes.
+  // Starts at the offset, which may be past the end of the bytes.
   ByteCursor(std::span<const Byte> bytes, std::string_view file, std::int64_t offset = 0)
       : bytes_(bytes), file_(file), offset_(offset) {}
 
-  // The next bytes, and steps behind them. Throws Failure, which names the file, the part of it that these bytes
-  // belong to and the offset, when the file ends before.
+  // Returns the next count bytes and moves past them. Throws Failure, which names the file, the part that these bytes
+  // belong to and the offset, if the file ends before.
   const Byte* Take(std::int64_t count, std::string_view part, Long number = -1) {
     const std::int64_t missing = offset_ + count - static_cast<std::int64_t>(bytes_.size());
     if (missing > 0) {

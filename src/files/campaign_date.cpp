@@ -25,11 +25,12 @@ const Byte* At(const std::vector<Byte>& bytes, std::string_view file, Long offse
 }
 
 Long CountAt(const std::vector<Byte>& bytes, std::string_view file, Long offset, Long limit) {
+  // Quirk 28: 2 of the count's 4 bytes.
   const Long count = IntegerAt(At(bytes, file, offset, 2, "count of a list"));
   if (count < 0 || count > limit) {
-    throw Failure{FailureNumber::OutsideTable, std::string(file) + " at offset " + std::to_string(offset) +
-                                                   ": a list of " + std::to_string(count) +
-                                                   " entries is outside 0 to " + std::to_string(limit)};
+    throw Failure{FailureNumber::OutsideTable,
+                  std::string(file) + " at offset " + std::to_string(offset) + ": " +
+                      OutsideText("a list of " + std::to_string(count) + " entries", 0, limit)};
   }
   return count;
 }

@@ -82,13 +82,12 @@ constexpr std::size_t CountOffset = 13;
 constexpr std::size_t LinkWidth = 4;  // EscortedFlight
 static_assert(HeadWidth == 216 && WaypointWidth == 46 && TailWidth == 148);
 
-// The reader takes EscortedFlight for any flag but 0, the writer stores it only for one above 0. They differ on
-// purpose, and a negative flag loses its link in the file written.
-bool LinkStandsInFile(const MissionRec& flight) {
+// The reader expects EscortedFlight for any flag but 0; the writer stores it only for a positive flag.
+bool LinkIsInFile(const MissionRec& flight) {
   return flight.EscortFlag != 0;
 }
 bool LinkIsWritten(const MissionRec& flight) {
-  return flight.EscortFlag > 0;
+  return flight.EscortFlag > 0;  // Quirk 18: a negative flag loses its link.
 }
 
 // What follows the head in the file.
@@ -96,28 +95,26 @@ std::size_t BodyWidth(const MissionRec& flight, bool withLink) {
   return (withLink ? LinkWidth : 0) + WaypointWidth * static_cast<std::size_t>(flight.WPCount) + TailWidth;
 }
 
-std::string OutsideLimits(const std::string& what, Long value, Long most) {
-  return what + " " + std::to_string(value) + " is outside 0 to " + std::to_string(most);
-}
-
-// Walks all records, so that none is taken over from a file that turns out unsound further on.
+// Checks all records, so that nothing is read from a file that is invalid further on.
 void CheckImage(const std::vector<Byte>& image, std::string_view file) {
   ByteCursor cursor(image, file);
   const ByteCursor header = cursor;
   const Long count = LongAt(cursor.Take(HeaderWidth, "header") + CountOffset);
   if (count < 0 || count > MissionRows) {
-    throw Failure{FailureNumber::OutsideTable, header.Place("header") + OutsideLimits(": count", count, MissionRows)};
+    throw Failure{FailureNumber::OutsideTable,
+                  header.Place("header") + ": " + OutsideText("count " + std::to_string(count), 0, MissionRows)};
   }
   MissionRec flight;
-  for (Long row = 0; row < count; ++row) {
+  for (Integer row = 0; row < count; ++row) {
     const ByteCursor record = cursor;
     FieldReader head{cursor.Take(HeadWidth, "record", row)};
     HeadFields(head, flight);
     if (flight.WPCount < 0 || flight.WPCount > WaypointRows) {
       throw Failure{FailureNumber::OutsideTable,
-                    record.Place("record", row) + OutsideLimits(": WPCount", flight.WPCount, WaypointRows)};
+                    record.Place("record", row) + ": " +
+                        OutsideText("WPCount " + std::to_string(flight.WPCount), 0, WaypointRows)};
     }
-    cursor.Take(static_cast<std::int64_t>(BodyWidth(flight, LinkStandsInFile(flight))), "record", row);
+    cursor.Take(static_cast<std::int64_t>(BodyWidth(flight, LinkIsInFile(flight))), "record", row);
   }
 }
 
@@ -129,18 +126,18 @@ void ReadMissions(RunState& run, const std::vector<Byte>& image, std::string_vie
   HeaderFields(field, run);
   field(run.LoadedCount);
   run.MissionCount = run.LoadedCount;
-  for (Long row = 0; row < run.LoadedCount; ++row) {
+  for (Integer row = 0; row < run.LoadedCount; ++row) {
     MissionRec& flight = run.Missions[row];
     HeadFields(field, flight);
-    if (LinkStandsInFile(flight)) field(flight.EscortedFlight);
-    for (Long k = 0; k < flight.WPCount; ++k) WaypointFields(field, flight.Waypoints[k]);
+    if (LinkIsInFile(flight)) field(flight.EscortedFlight);  // Quirk 19: else it is 0, even for an escort.
+    for (auto& waypoint : Route(flight)) WaypointFields(field, waypoint);
     TailFields(field, flight);
   }
 }
 
 std::vector<Byte> ComposeMissionImage(const RunState& run) {
-  std::size_t size = HeaderWidth;
-  for (Long row = 0; row < run.LoadedCount; ++row) {
+  std::size_t size = HeaderWidth;  // Quirk 20: bytes after the last record are lost.
+  for (Integer row = 0; row < run.LoadedCount; ++row) {
     if (run.Removed[row] != InPlay) continue;
     const MissionRec& flight = run.Missions[row];
     size += HeadWidth + BodyWidth(flight, LinkIsWritten(flight));
@@ -150,12 +147,12 @@ std::vector<Byte> ComposeMissionImage(const RunState& run) {
   FieldWriter field{image.data()};
   HeaderFields(field, run);
   field(run.MissionCount);
-  for (Long row = 0; row < run.LoadedCount; ++row) {
+  for (Integer row = 0; row < run.LoadedCount; ++row) {
     if (run.Removed[row] != InPlay) continue;
     const MissionRec& flight = run.Missions[row];
     HeadFields(field, flight);
     if (LinkIsWritten(flight)) field(flight.EscortedFlight);
-    for (Long k = 0; k < flight.WPCount; ++k) WaypointFields(field, flight.Waypoints[k]);
+    for (auto& waypoint : Route(flight)) WaypointFields(field, waypoint);
     TailFields(field, flight);
   }
   return image;

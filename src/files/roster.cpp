@@ -39,6 +39,7 @@ void GetSquadInfo(RunState& run) {
     SquadRec& squadron = run.Squadrons[row];
     squadron.SquadName.clear();
     for (const Byte letter : std::span(record, NameLetters)) {
+      // Quirk 24: every asterisk is dropped.
       if (letter != '*') squadron.SquadName += static_cast<char>(letter);
     }
     squadron.squadID = IntegerAt(record + IdAt);

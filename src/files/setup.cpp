@@ -1,6 +1,7 @@
 #include "files/setup.h"
 
 #include <charconv>
+#include <limits>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -13,9 +14,8 @@ namespace velmoran {
 
 namespace {
 
-// The item that is read next, for the description of a failure: "MissionDefs row 3 MaxAlt", "Periods row 0 SizeFactor
-// 2", "heading".
-struct Due {
+// What an item is called in a message: "MissionDefs row 3 MaxAlt", "Periods row 0 SizeFactor 2", "heading".
+struct ItemName {
   std::string_view table;
   Long row = -1;
   std::string_view field = {};
@@ -30,7 +30,8 @@ struct Due {
   }
 };
 
-// Takes one item after another from the text of a setup file.
+// Reads the items of a setup file one after another. Every read is given the item's name, for the message when it
+// fails.
 class ItemReader {
  public:
   explicit ItemReader(const InputFile& file) : bytes_(file.ReadAll()), file_(Printable(file.Path())) {
@@ -38,46 +39,49 @@ class ItemReader {
     if (text_.starts_with("\xEF\xBB\xBF")) text_.remove_prefix(3);
   }
 
-  std::string_view Text(const Due& due) {
+  std::string_view ReadText(const ItemName& name) {
     while (!text_.empty() && IsBlank(text_.front())) text_.remove_prefix(1);
     line_ = nextLine_;
-    if (text_.empty()) throw At(due, FailureNumber::PastEndOfFile, "the file ends before this item");
+    if (text_.empty()) throw FailureAt(name, FailureNumber::PastEndOfFile, "the file ends before this item");
     std::string_view item;
     if (text_.front() == '"') {
       text_.remove_prefix(1);
-      item = Until("\"\r\n");
+      item = TakeUntil("\"\r\n");
       if (!text_.empty() && text_.front() == '"') text_.remove_prefix(1);
-      Until(",\r\n");
+      TakeUntil(",\r\n");
     } else {
-      item = Until(",\r\n");
+      item = TakeUntil(",\r\n");
     }
-    StepOverEnd();
+    SkipSeparator();
     return item;
   }
 
-  void Skip(const Due& due) { Text(due); }
+  void Skip(const ItemName& name) { ReadText(name); }
 
-  double Double(const Due& due) { return NumberIn(Text(due), due); }
+  double ReadDouble(const ItemName& name) { return ParseNumber(ReadText(name), name); }
 
-  Integer Whole(const Due& due) {
-    const std::string_view item = Text(due);
-    const Long whole = RoundEven(NumberIn(item, due));
-    if (whole != Narrow(whole)) {
-      throw At(due, FailureNumber::Overflow, Shown(item) + " is outside -32768 to 32767");
+  Integer ReadInteger(const ItemName& name) {
+    const std::string_view item = ReadText(name);
+    const Long rounded = RoundEven(ParseNumber(item, name));
+    if (rounded != Narrow(rounded)) {
+      throw FailureAt(
+          name, FailureNumber::Overflow,
+          OutsideText(Quoted(item), std::numeric_limits<Integer>::min(), std::numeric_limits<Integer>::max()));
     }
-    return Narrow(whole);
+    return Narrow(rounded);
   }
 
-  Integer WholeAtMost(Long limit, const Due& due) {
-    const Integer whole = Whole(due);
-    if (whole > limit) {
-      throw At(due, FailureNumber::OutsideTable, std::to_string(whole) + " is more than " + std::to_string(limit));
+  Integer ReadIntegerUpTo(Long limit, const ItemName& name) {
+    const Integer value = ReadInteger(name);
+    if (value > limit) {
+      throw FailureAt(name, FailureNumber::OutsideTable,
+                      std::to_string(value) + " is more than " + std::to_string(limit));
     }
-    return whole;
+    return value;
   }
 
  private:
-  double NumberIn(std::string_view item, const Due& due) const {
+  double ParseNumber(std::string_view item, const ItemName& name) const {
     std::string_view digits = item;
     while (!digits.empty() && IsBlank(digits.front())) digits.remove_prefix(1);
     while (!digits.empty() && IsBlank(digits.back())) digits.remove_suffix(1);
@@ -88,104 +92,102 @@ class ItemReader {
     const char* end = digits.data() + digits.size();
     const auto [stop, error] = std::from_chars(digits.data(), end, number, std::chars_format::fixed);
     if (stop != end || error == std::errc::invalid_argument || !std::isfinite(number)) {
-      throw At(due, FailureNumber::NoNumber, Shown(item) + " is not a number");
+      throw FailureAt(name, FailureNumber::NoNumber, Quoted(item) + " is not a number");
     }
     if (error == std::errc::result_out_of_range) {
       const bool tiny = digits.find('.') < digits.find_first_of("123456789");
-      if (!tiny) throw At(due, FailureNumber::Overflow, Shown(item) + " is out of range");
+      if (!tiny) throw FailureAt(name, FailureNumber::Overflow, Quoted(item) + " is out of range");
     }
     return number;
   }
 
   static bool IsBlank(char letter) { return letter == ' ' || letter == '\t'; }
 
-  std::string_view Until(std::string_view ends) {
+  std::string_view TakeUntil(std::string_view ends) {
     const std::string_view taken = text_.substr(0, text_.find_first_of(ends));
     text_.remove_prefix(taken.size());
     return taken;
   }
 
-  void StepOverEnd() {
+  // Skips the comma or the line end (CR LF, LF or CR) after an item.
+  void SkipSeparator() {
     if (text_.empty()) return;
     if (text_.front() != ',') ++nextLine_;
     text_.remove_prefix(text_.starts_with("\r\n") ? 2 : 1);
   }
 
-  // The item as a message can show it: in quotes, cut to a length that fits a line, printable characters only.
-  static std::string Shown(std::string_view item) {
-    std::string shown = "\"";
-    for (const char letter : item.substr(0, 40)) shown += letter >= ' ' && letter <= '~' ? letter : '?';
-    return shown + "\"";
+  // The item for a message: in quotes, cut to a length that fits a line, with ? for what isn't printable.
+  static std::string Quoted(std::string_view item) {
+    std::string quoted = "\"";
+    for (const char letter : item.substr(0, 40)) quoted += letter >= ' ' && letter <= '~' ? letter : '?';
+    return quoted + "\"";
   }
 
-  Failure At(const Due& due, FailureNumber number, const std::string& reason) const {
-    return {number, file_ + " line " + std::to_string(line_) + ": " + due.Text() + ": " + reason,
+  Failure FailureAt(const ItemName& name, FailureNumber number, const std::string& reason) const {
+    return {number, file_ + " line " + std::to_string(line_) + ": " + name.Text() + ": " + reason,
             "Correct this item; if it is right, there is an item too many or too few further up (a decimal comma makes "
             "two items)."};
   }
 
   std::vector<Byte> bytes_;
   std::string file_;
-  std::string_view text_;  // what is left of bytes_
+  std::string_view text_;  // the part of bytes_ not read yet
   int line_ = 1;           // of the item read last, from 1
   int nextLine_ = 1;
 };
 
-void ReadOddsAndLimits(RunState& run) {
-  ItemReader in(InputFile("Velmoran.ini", "Start Velmoran from its own folder, with Velmoran.ini in it."));
-  const auto skipHeadings = [&in] {
-    in.Skip({"heading"});
-    in.Skip({"heading"});
-  };
-
-  in.Skip({"heading"});
+void ReadPeriods(ItemReader& in, RunState& run) {
   for (Long row = 0; row < PeriodsFilled; ++row) {
     PeriodRec& period = run.Periods[row];
-    in.Skip({"Periods", row, "label"});
-    for (Long nation = 0; nation < Nations - 1; ++nation) {
-      period.SizeFactor[nation] = in.Double({"Periods", row, "SizeFactor", nation});
+    in.Skip({"Periods", row, "label"});                      // Quirk 21: unused, but its place counts.
+    for (Long nation = 0; nation < Nations - 1; ++nation) {  // Quirk 23: none for nation 4.
+      period.SizeFactor[nation] = in.ReadDouble({"Periods", row, "SizeFactor", nation});
     }
-    period.RemoveOdds = in.Double({"Periods", row, "RemoveOdds"});
+    period.RemoveOdds = in.ReadDouble({"Periods", row, "RemoveOdds"});
     for (Long kind = 0; kind < GroupKinds - 1; ++kind) {
-      period.GroupOdds[kind] = in.Double({"Periods", row, "GroupOdds", kind});
+      period.GroupOdds[kind] = in.ReadDouble({"Periods", row, "GroupOdds", kind});
     }
   }
+}
 
-  skipHeadings();
+void ReadClassOdds(ItemReader& in, RunState& run) {
   for (Long row = 0; row < ClassOddsRows; ++row) {
     ClassOddsRec& odds = run.ClassOdds[row];
     in.Skip({"ClassOdds", row, "label"});
-    odds.Recon = in.Double({"ClassOdds", row, "first value"});
-    odds.Spotting = in.Double({"ClassOdds", row, "second value"});
-    odds.Unused = in.Double({"ClassOdds", row, "third value"});
+    odds.Recon = in.ReadDouble({"ClassOdds", row, "first value"});
+    odds.Spotting = in.ReadDouble({"ClassOdds", row, "second value"});
+    odds.Unused = in.ReadDouble({"ClassOdds", row, "third value"});  // Quirk 22: used by nothing.
   }
+}
 
-  skipHeadings();
+void ReadMissionDefs(ItemReader& in, RunState& run) {
   for (Long row = 0; row < TypesFilled; ++row) {
     MissionDefRec& def = run.MissionDefs[row];
     in.Skip({"MissionDefs", row, "label"});
-    def.MinAlt = in.Whole({"MissionDefs", row, "MinAlt"});
-    def.MaxAlt = in.Whole({"MissionDefs", row, "MaxAlt"});
-    def.MinPlanes = in.Whole({"MissionDefs", row, "MinPlanes"});
-    def.MaxPlanes = in.Whole({"MissionDefs", row, "MaxPlanes"});
+    def.MinAlt = in.ReadInteger({"MissionDefs", row, "MinAlt"});
+    def.MaxAlt = in.ReadInteger({"MissionDefs", row, "MaxAlt"});
+    def.MinPlanes = in.ReadInteger({"MissionDefs", row, "MinPlanes"});
+    def.MaxPlanes = in.ReadInteger({"MissionDefs", row, "MaxPlanes"});
   }
+}
 
-  skipHeadings();
+void ReadTypeOdds(ItemReader& in, RunState& run) {
   for (Long row = 0; row < TypesFilled; ++row) {
     in.Skip({"TypeOdds", row, "label"});
     for (Long nation = 0; nation < Nations - 1; ++nation) {
-      run.TypeOdds[row].Odds[nation] = in.Double({"TypeOdds", row, "Odds", nation});
+      run.TypeOdds[row].Odds[nation] = in.ReadDouble({"TypeOdds", row, "Odds", nation});
     }
   }
+}
 
-  skipHeadings();
-  run.GroupCount = in.WholeAtMost(GroupRows, {"GroupCount"});
+void ReadSquadGroups(ItemReader& in, RunState& run) {
+  run.GroupCount = in.ReadIntegerUpTo(GroupRows, {"GroupCount"});
   for (Long row = 0; row < run.GroupCount; ++row) {
     SquadGroupRec& group = run.SquadGroups[row];
-    group.Count = in.WholeAtMost(GroupSquads, {"SquadGroups", row, "Count"});
-    group.Kind = in.Whole({"SquadGroups", row, "Kind"});
+    group.Count = in.ReadIntegerUpTo(GroupSquads, {"SquadGroups", row, "Count"});
+    group.Kind = in.ReadInteger({"SquadGroups", row, "Kind"});
     for (Long entry = 0; entry < group.Count; ++entry) {
-      group.Squads[entry] = in.Whole({"SquadGroups", row, "Squads", entry});
+      group.Squads[entry] = in.ReadInteger({"SquadGroups", row, "Squads", entry});
     }
   }
 }
@@ -198,11 +200,29 @@ void ReadAircraft(RunState& run) {
   for (Long row = 0; row < AircraftFilled; ++row) {
     AircraftRec& aircraft = run.Aircraft[row];
     in.Skip({"Aircraft", row, "label"});
-    aircraft.AircraftName = in.Text({"Aircraft", row, "AircraftName"});
-    aircraft.AircraftClass = in.Whole({"Aircraft", row, "AircraftClass"});
-    aircraft.MinAlt = in.Whole({"Aircraft", row, "MinAlt"});
-    aircraft.MaxAlt = in.Whole({"Aircraft", row, "MaxAlt"});
+    aircraft.AircraftName = in.ReadText({"Aircraft", row, "AircraftName"});
+    aircraft.AircraftClass = in.ReadInteger({"Aircraft", row, "AircraftClass"});
+    aircraft.MinAlt = in.ReadInteger({"Aircraft", row, "MinAlt"});
+    aircraft.MaxAlt = in.ReadInteger({"Aircraft", row, "MaxAlt"});
   }
+}
+
+void ReadOddsAndLimits(RunState& run) {
+  // Quirk 11: in the current directory.
+  ItemReader in(InputFile("Velmoran.ini", "Start Velmoran from its own folder, with Velmoran.ini in it."));
+  const auto skipHeadings = [&in](int count) {
+    for (int heading = 0; heading < count; ++heading) in.Skip({"heading"});
+  };
+  skipHeadings(1);
+  ReadPeriods(in, run);
+  skipHeadings(2);
+  ReadClassOdds(in, run);
+  skipHeadings(2);
+  ReadMissionDefs(in, run);
+  skipHeadings(2);
+  ReadTypeOdds(in, run);
+  skipHeadings(2);
+  ReadSquadGroups(in, run);
 }
 
 }  // namespace

@@ -1,8 +1,8 @@
-// The two setup files, which hold all numbers that steer the massage: items in a fixed order, with no keys.
+// Reads the two setup files, which hold the odds and limits of the massage: items in a fixed order, with no keys.
 //
-// An item ends at a comma or at a line's end (CR LF, LF or CR); blanks and tabs in front of it are skipped, and so is
-// a byte order mark at the start of the file. A text is bare or stands in double quotes; what follows a closing quote
-// is dropped. A number is a decimal number; an empty item counts as "" or 0.
+// An item ends at a comma or a line end (CR LF, LF or CR). Spaces and tabs before an item are skipped, as is a byte
+// order mark at the start of the file. A text may be in double quotes; anything from the closing quote to the end of
+// the item is dropped. A number is a decimal number. An empty item counts as "" or 0.
 #pragma once
 
 #include "state/run_state.h"
@@ -10,10 +10,10 @@
 namespace velmoran {
 
 // Fills Periods, ClassOdds, MissionDefs, TypeOdds, GroupCount and SquadGroups from "Velmoran.ini" in the current
-// directory, then Aircraft from "\Velmoran.txt" in DataPath. Cells that the files don't reach stay as they are.
-// Throws Failure, which names file, line and the item that was due, for a file that can't be read or ends before its
-// last item, an item that is no number, a number that doesn't fit an Integer, and a group count above 101 or a group
-// of more than 5 squadrons. Form_Load calls it.
+// directory, then Aircraft from "\Velmoran.txt" in DataPath. Cells that the files have no value for keep theirs.
+// Throws Failure, which names file, line and item, for a file that can't be read or ends before its last item, an item
+// that is not a number, a number that doesn't fit in an Integer, more than 101 groups, and a group of more than 5
+// squadrons. Form_Load calls it.
 void ReadSetup(RunState& run);
 
 }  // namespace velmoran

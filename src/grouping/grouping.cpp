@@ -4,13 +4,16 @@
 #include <span>
 
 #include "state/numbering.h"
+#include "state/player.h"
 #include "state/rnd.h"
 
 namespace velmoran {
 
 namespace {
 
-constexpr Long LeastWaypoints = 4;  // of a flight that can be joined
+constexpr Integer NotFound = -1;
+constexpr Long MinWaypoints = 4;          // of a flight that can be joined
+constexpr std::size_t CopiedWPBytes = 4;  // Quirk 84: of 5.
 
 bool Contains(const SquadGroupRec& group, Integer squadID) {
   return std::ranges::count(std::span(group.Squads).first(static_cast<std::size_t>(std::max<Long>(group.Count, 0))),
@@ -25,7 +28,7 @@ bool IsPaired(const RunState& run, Integer index) {
 
 void CopyWaypoint(const WaypointRec& source, WaypointRec& target, bool keepsPosition) {
   target.WPLong0 = source.WPLong0;
-  std::copy_n(source.WPBytes.begin(), 4, target.WPBytes.begin());
+  std::copy_n(source.WPBytes.begin(), CopiedWPBytes, target.WPBytes.begin());
   target.WPByte33 = source.WPByte33;
   target.WPByte35 = source.WPByte35;
   target.WPLong36 = source.WPLong36;
@@ -49,37 +52,40 @@ void CombineFormations(RunState& run) {
     if (run.Removed[i] != InPlay) continue;
     const Integer squad = Narrow(run.Missions[i].SquadID);
     const Integer group = isGroupedSquadron(run, squad);
-    if (group == -1) continue;
+    if (group == NotFound) continue;
     const Integer target = findAssociatedMissionIndex(run, squad, group, i);
-    if (target == -1) continue;
+    if (target == NotFound) continue;
     doMissionGrouping(run, i, target);
     run.GroupPairs[run.GroupPairCount++] = {.sourceIndex = i, .targetIndex = target};
   }
 }
 
 Integer isGroupedSquadron(const RunState& run, Integer squadID) {
-  Integer found = -1;
+  Integer found = NotFound;
   for (Integer group = 0; group < run.GroupCount; ++group) {
-    if (Contains(run.SquadGroups[group], squadID)) found = group;
+    if (Contains(run.SquadGroups[group], squadID)) found = group;  // Quirk 80: the last of several counts.
   }
   return found;
 }
 
+// Quirk 79: squadID plays no part.
 Integer findAssociatedMissionIndex(RunState& run, Integer /*squadID*/, Integer groupIndex, Integer sourceIndex) {
   const SquadGroupRec& group = run.SquadGroups[groupIndex];
   const MissionRec& source = run.Missions[sourceIndex];
-  const double draw = Rnd(run);  // made before the source is looked at
-  if (group.Kind < 0 || group.Kind >= GroupKinds || draw < run.Periods[0].GroupOdds[group.Kind]) return -1;
-  if (source.WPCount < LeastWaypoints || source.MissionType == TypeEscort) return -1;
-  if (IsPaired(run, sourceIndex)) return -1;
+  const double draw = Rnd(run);  // Quirk 78: drawn even if the source can't be joined.
+  // Quirk 77: inverted, and always by the odds of war period 0.
+  if (group.Kind < 0 || group.Kind >= GroupKinds || draw < run.Periods[0].GroupOdds[group.Kind]) return NotFound;
+  if (source.WPCount < MinWaypoints || source.MissionType == TypeEscort) return NotFound;
+  if (IsPaired(run, sourceIndex)) return NotFound;
 
   for (Integer c = 0; c < run.LoadedCount; ++c) {
     const MissionRec& candidate = run.Missions[c];
-    if (c == sourceIndex || candidate.WPCount < LeastWaypoints || run.Removed[c] != InPlay) continue;
-    if (c == run.PlayerFlight || candidate.MissionType == TypeEscort) continue;
+    if (c == sourceIndex || candidate.WPCount < MinWaypoints || run.Removed[c] != InPlay) continue;
+    // Quirk 81: the player's flight may be a source but no target.
+    if (IsPlayerRow(run, c) || candidate.MissionType == TypeEscort) continue;
     if (Contains(group, Narrow(candidate.SquadID)) && !IsPaired(run, c)) return c;
   }
-  return -1;
+  return NotFound;
 }
 
 void doMissionGrouping(RunState& run, Integer sourceIndex, Integer targetIndex) {
@@ -90,10 +96,13 @@ void doMissionGrouping(RunState& run, Integer sourceIndex, Integer targetIndex) 
   target.MissionType = source.MissionType;
   target.HeadLong24 = source.HeadLong24;
   target.Target = source.Target;
-  target.WPCount = source.WPCount;
-  for (Long k = 1; k <= source.WPCount; ++k) {
-    const bool keepsPosition = k == 1 || k == 2 || k == source.WPCount - 1;
-    CopyWaypoint(source.Waypoints[k - 1], target.Waypoints[k - 1], keepsPosition);
+  target.WPCount = source.WPCount;  // Quirk 83: which may bring unused waypoints of the target into use.
+  Long number = 0;                  // of the waypoint, from 1
+  for (const WaypointRec& waypoint : Route(source)) {
+    ++number;
+    // Quirk 82: the last but one keeps its position, the last doesn't.
+    const bool keepsPosition = number == 1 || number == 2 || number == source.WPCount - 1;
+    CopyWaypoint(waypoint, target.Waypoints[number - 1], keepsPosition);
   }
 }
 

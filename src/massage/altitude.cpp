@@ -9,9 +9,11 @@ namespace velmoran {
 
 namespace {
 
-constexpr Integer BandFloor = 2000;  // no band that mission and aircraft share begins lower
-constexpr Integer BandDepth = 1000;  // of the band made where they share none
-constexpr Integer LowestAltitude = 1500;
+constexpr Integer BandFloor = 2000;         // the lowest start of a band that mission and aircraft share
+constexpr Integer SubstituteDepth = 1000;   // of the band used if they share none
+constexpr Integer SubstituteFloor = 1500;   // the lowest start of that band
+constexpr double HighFlyerUpperOdds = 0.8;  // of drawing from the upper half of the band
+constexpr double LowFlyerLowerOdds = 0.5;   // of drawing from the lower half
 
 }  // namespace
 
@@ -19,16 +21,18 @@ void GetBaseAlt(RunState& run, Integer MissionType, Integer Aircraft, Integer& B
   const MissionDefRec& def = run.MissionDefs[MissionType];
   const AircraftRec& aircraft = run.Aircraft[Aircraft];
   BaseAlt = 0;
-  if (def.MaxAlt == 0) return;
+  if (def.MaxAlt == 0) return;  // Quirk 35: 0 means no change here, but is a limit in a row of Aircraft.
 
   Integer max = std::min(def.MaxAlt, aircraft.MaxAlt);
   Integer min = std::max({def.MinAlt, aircraft.MinAlt, BandFloor});
   if (max <= min) {
     max = min;
-    min = std::max(Narrow(min - BandDepth), LowestAltitude);
+    // Quirk 36: below what the mission or the aircraft allows.
+    min = std::max(Narrow(min - SubstituteDepth), SubstituteFloor);
   }
-  if (aircraft.AircraftClass == ClassHighFlyer && Rnd(run) < 0.8) min = Narrow(RoundEven((max - min) / 2.0 + min));
-  if (aircraft.AircraftClass == ClassLowFlyer && Rnd(run) < 0.5) max = Narrow(RoundEven(max - (max - min) / 2.0));
+  const double half = (max - min) / 2.0;
+  if (aircraft.AircraftClass == ClassHighFlyer && Rnd(run) < HighFlyerUpperOdds) min = Narrow(RoundEven(half + min));
+  if (aircraft.AircraftClass == ClassLowFlyer && Rnd(run) < LowFlyerLowerOdds) max = Narrow(RoundEven(max - half));
   BaseAlt = Narrow(RoundEven((max - min) * Rnd(run) + min));
 }
 

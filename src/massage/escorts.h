@@ -1,21 +1,18 @@
-// Making the flights in play consistent again once the removals are known: escort links, numbers, and a check.
+// Escort links after removals: carries each removal over to the other side of its link, and checks the result.
 #pragma once
 
 #include "state/run_state.h"
 
 namespace velmoran {
 
-// Lets each removal take effect on the other side of the escort link: flights that lost an escort lose their
-// rendezvous, escorts whose flight is gone are taken out of play. Then moves EscortedFlight of every escort to the
-// numbers that RenumberFlights is about to give. Needs the old FlightIDs. Tells the user when the player's flight is
-// taken out.
+// A flight that lost an escort loses its rendezvous; an escort whose flight was removed is removed too. Then lowers
+// EscortedFlight of every escort to the FlightID that RenumberFlights is about to give. Reads LostEscortFlights,
+// LostRendezvousFlights and the old FlightIDs; writes Action, Removed and EscortedFlight. Shows PlayerFlightLost if an
+// escort removed here is the player's flight. No draws.
 void ResolveEscorts(RunState& run);
 
-// Gives the flights in play the FlightIDs 0, 1, 2 ... in table order, PlayerFlight the new number of the player's
-// row, and MissionCount the number of flights in play. Rows don't move; removed ones keep their FlightID.
-void RenumberFlights(RunState& run);
-
-// Tells the user when escorts and flights with a rendezvous don't match. Needs the new FlightIDs; changes nothing.
+// Shows a message if the escorts in play and the rendezvous waypoints in play don't match. Needs the new FlightIDs.
+// Changes nothing. No draws.
 void VerifyEscorts(const RunState& run);
 
 }  // namespace velmoran

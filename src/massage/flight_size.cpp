@@ -4,9 +4,9 @@
 #include <string>
 
 #include "massage/massage_stopped.h"
-#include "platform/platform.h"
-#include "state/failure.h"
+#include "massage/removal.h"
 #include "state/numbering.h"
+#include "state/player.h"
 #include "state/rnd.h"
 #include "state/roster.h"
 
@@ -14,91 +14,69 @@ namespace velmoran {
 
 namespace {
 
-constexpr Long LeastScaledSize = 2;
-constexpr Long NationZeroCap = 9;
+constexpr Long MinScaledSize = 2;
 
-// Adds the FlightID to the list. row is the flight that is being removed.
-void Append(Table<Integer, MissionRows>& list, Integer& count, Long flightID, std::string_view name, Integer row) {
-  if (count == MissionRows) {
-    throw MassageStopped{
-        MassageStopped::Reason::ListOverflow, row,
-        FailureText({FailureNumber::OutsideTable,
-                     std::string(name) + " has no room for flight " + std::to_string(flightID) + ": it holds " +
-                         std::to_string(MissionRows) + " already. The mission file was not changed",
-                     "Lower the odds of removal in Velmoran.ini."})};
+void EnterInSquadFlights(RunState& run, Integer row) {
+  if (IsPlayerFlight(run, run.Missions[row])) {
+    run.SquadFlights[0] = row;
+  } else {
+    run.SquadFlights[run.SquadFlightCount++] = row;
   }
-  list[count++] = Narrow(flightID);
+}
+
+// Fills the empty slots below size with the aircraft, and empties those from size on.
+void FitPlanes(MissionRec& flight, Long size, Integer aircraft) {
+  for (Long slot = 0; slot < Slots; ++slot) {
+    if (slot >= size) {
+      flight.Planes[slot] = EmptySlot;  // Quirk 48: the pilots stay.
+    } else if (flight.Planes[slot] == EmptySlot) {
+      flight.Planes[slot] = aircraft;
+    }
+  }
 }
 
 }  // namespace
 
-bool InPlayerSquadron(const RunState& run, const MissionRec& flight) {
-  return flight.SquadID == run.Missions[run.PlayerFlight].SquadID;
-}
-
 Long DrawFlightSize(RunState& run, const MissionRec& flight) {
   const MissionDefRec& def = run.MissionDefs[flight.MissionType];
+  // Quirk 37: rounded to the nearest, so both ends are half as likely.
   return RoundEven((def.MaxPlanes - def.MinPlanes) * Rnd(run) + def.MinPlanes);
 }
 
 Long ScaleFlightSize(const RunState& run, Long size, Integer nation) {
-  return std::max(RoundEven(size * run.Periods[run.WarPeriod].SizeFactor[nation]), LeastScaledSize);
+  return std::max(RoundEven(size * run.Periods[run.WarPeriod].SizeFactor[nation]), MinScaledSize);
 }
 
 Long CapFlightSize(Long size, Integer nation) {
-  return nation == 0 ? std::min(size, NationZeroCap) : size;
+  // Quirk 47: for every class, even if MinPlanes is more.
+  return nation == NationZero ? std::min(size, NationZeroMaxPlanes) : size;
 }
 
 void AdjustFlightSize(RunState& run, Integer index) {
   MissionRec& flight = run.Missions[index];
   if (InPlayerSquadron(run, flight)) {
-    if (flight.FlightID == run.PlayerFlight) {
-      run.SquadFlights[0] = index;
-    } else {
-      run.SquadFlights[run.SquadFlightCount++] = index;
-    }
+    EnterInSquadFlights(run, index);
     return;
   }
 
-  const Integer type = AircraftOf(flight);
-  const Integer aircraftClass = run.Aircraft[type].AircraftClass;
-  const bool scaled = aircraftClass >= 0 && aircraftClass < ClassFirstTwoSeater;
-  Integer nation = 0;
+  const Integer aircraft = AircraftOf(flight);
+  const bool scaled = IsScaledClass(run.Aircraft[aircraft].AircraftClass);
+  Integer nation = NationZero;
   GetNation(run, Narrow(flight.SquadID), nation);
   Long size = DrawFlightSize(run, flight);
-  if (scaled) size = ScaleFlightSize(run, size, nation);
+  if (scaled) size = ScaleFlightSize(run, size, nation);  // Quirk 46: only classes 0 to 2.
   size = CapFlightSize(size, nation);
 
-  for (Long slot = 0; slot < Slots; ++slot) {
-    if (slot >= size) {
-      flight.Planes[slot] = EmptySlot;
-    } else if (flight.Planes[slot] == EmptySlot) {
-      flight.Planes[slot] = type;
-    }
-  }
+  FitPlanes(flight, size, aircraft);
   if (size < 1 || size > Slots) {
     throw MassageStopped{MassageStopped::Reason::InvalidSize, index,
+                         // Quirk 4: no space before the number, which is the row.
                          "Invalid number of planes for flight" + std::to_string(index)};
   }
   flight.NumAircraft = size;
 
-  const double draw = Rnd(run);  // made for every class
+  const double draw = Rnd(run);  // Quirk 45: drawn for every class.
   if (scaled && draw < run.Periods[run.WarPeriod].RemoveOdds) RemoveFlight(run, index);
-}
-
-void RemoveFlight(RunState& run, Integer index) {
-  const MissionRec& flight = run.Missions[index];
-  run.Removed[index] = TakenOut;
-  if (flight.FlightID == run.PlayerFlight) ShowMessage(PlayerFlightLost);
-  if (flight.MissionType == TypeEscort) {
-    Append(run.LostEscortFlights, run.LostEscortCount, flight.EscortedFlight, "LostEscortFlights", index);
-    return;
-  }
-  for (Long k = 0; k < flight.WPCount; ++k) {
-    if (flight.Waypoints[k].Action == ActionRendezvous) {
-      Append(run.LostRendezvousFlights, run.LostRendezvousCount, flight.FlightID, "LostRendezvousFlights", index);
-    }
-  }
 }
 
 }  // namespace velmoran

@@ -4,12 +4,24 @@
 
 namespace velmoran {
 
+namespace {
+
+constexpr Long MinEscortSize = 4;      // planes of a flight in FormationEscort
+constexpr Long MaxLowAltSize = 4;      // planes of a flight in FormationLowAlt
+constexpr Long MaxLowAltVicSize = 11;  // planes of a flight in FormationLowAltVic, unless of FlightTypeTwo
+
+// Whether a flight attacks the target in its en-route formation.
+bool IsEnrouteTarget(Long Target) {
+  return Target == 4 || Target >= 6;  // Quirk 65: not 5.
+}
+
+}  // namespace
+
 void AdjustFormations(RunState& run) {
   for (Integer row = 0; row < run.LoadedCount; ++row) {
-    if (run.Removed[row] != InPlay) continue;
+    if (run.Removed[row] != InPlay) continue;  // Quirk 67: removed flights keep their formations.
     MissionRec& flight = run.Missions[row];
-    for (Long k = 0; k < flight.WPCount; ++k) {
-      WaypointRec& waypoint = flight.Waypoints[k];
+    for (WaypointRec& waypoint : Route(flight)) {
       getBestFormationForAction(waypoint.Action, flight.NumAircraft, flight.FlightType, flight.Target,
                                 waypoint.Formation);
     }
@@ -17,7 +29,7 @@ void AdjustFormations(RunState& run) {
 }
 
 void getBestFormationForAction(Byte Action, Long NumAircraft, Long FlightType, Long Target, Byte& Formation) {
-  if (NumAircraft == 1) {
+  if (NumAircraft == 1) {  // Quirk 63: for every action.
     Formation = FormationEchelonRight;
     return;
   }
@@ -33,15 +45,15 @@ void getBestFormationForAction(Byte Action, Long NumAircraft, Long FlightType, L
       getBestFormationEnroute(NumAircraft, FlightType, Formation);
       return;
     case ActionEscort:
-      Formation = NumAircraft >= 4 ? FormationEscort : FormationSmallEscort;
+      Formation = NumAircraft >= MinEscortSize ? FormationEscort : FormationSmallEscort;
       return;
     case ActionAttackTarget:
-      if (FlightType == FlightTypeApart) {
-        Formation = NumAircraft <= 4 ? FormationLowAlt : FormationLowAltVic;
-      } else if (Target == 4 || Target >= 6) {
+      if (FlightType == FlightTypeTwo) {
+        Formation = NumAircraft <= MaxLowAltSize ? FormationLowAlt : FormationLowAltVic;
+      } else if (IsEnrouteTarget(Target)) {
         getBestFormationEnroute(NumAircraft, FlightType, Formation);
       } else {
-        Formation = NumAircraft <= 11 ? FormationLowAltVic : FormationEchelonLeft;
+        Formation = NumAircraft <= MaxLowAltVicSize ? FormationLowAltVic : FormationEchelonLeft;
       }
       return;
     case ActionTakeoff:
@@ -49,30 +61,30 @@ void getBestFormationForAction(Byte Action, Long NumAircraft, Long FlightType, L
       Formation = FormationInTrail;
       return;
     default:
-      Formation = FormationEchelonLeft;
+      Formation = FormationEchelonLeft;  // Quirk 64: for recon and two named actions too.
   }
 }
 
 void getBestFormationEnroute(Long NumAircraft, Long FlightType, Byte& Formation) {
-  const bool apart = FlightType == FlightTypeApart;
+  const bool typeTwo = FlightType == FlightTypeTwo;
   switch (NumAircraft) {
     case 1:
       Formation = FormationEchelonRight;
       return;
     case 2:
-      Formation = apart ? FormationEchelonRight : FormationEchelonLeft;
+      Formation = typeTwo ? FormationEchelonRight : FormationEchelonLeft;
       return;
     case 3:
       Formation = FormationVee;
       return;
     case 4:
-      Formation = apart ? FormationDiamond : FormationEchelonLeft;
+      Formation = typeTwo ? FormationDiamond : FormationEchelonLeft;
       return;
     case 5:
       Formation = FormationWedge;
       return;
-    default:
-      if (apart) {
+    default:  // Quirk 66: 6 planes and more, but also none.
+      if (typeTwo) {
         Formation = NumAircraft % 2 == 0 ? FormationDelta : FormationVic;
       } else {
         Formation = (std::int64_t{NumAircraft} + 1) % 3 == 0 ? FormationJavelin : FormationJavelin2;

@@ -9,28 +9,38 @@
 
 namespace velmoran {
 
+namespace {
+
+constexpr double MinLoiter = 8, LoiterRange = 10;  // ActionParam of a loiter, no unit
+
+}  // namespace
+
 void MassageMission(RunState& run, Integer index) {
   MissionRec& flight = run.Missions[index];
   Integer MissionType = Narrow(flight.MissionType);
+  // Quirk 34: row 0 for a flight of no planes, even if slot 0 has one.
   const Integer Aircraft = flight.NumAircraft >= 1 ? AircraftOf(flight) : Integer{0};
 
   Integer ShiftFlag;
   AlterMissionType(run, index, Aircraft, Narrow(flight.SquadID), ShiftFlag, MissionType);
   Integer BaseAlt;
   GetBaseAlt(run, MissionType, Aircraft, BaseAlt);
+  Byte offered;
+  GetActionByMission(MissionType, offered);
 
-  for (Long k = 1; k <= flight.WPCount; ++k) {
-    WaypointRec& waypoint = flight.Waypoints[k - 1];
-    const bool inner = k != 1 && k != 2 && k != flight.WPCount;
+  Long number = 0;  // of the waypoint, from 1
+  for (WaypointRec& waypoint : Route(flight)) {
+    ++number;
+    const bool inner = number != 1 && number != 2 && number != flight.WPCount;  // Quirk 39: their actions may change.
     const bool withEscort = waypoint.Action == ActionEscort || waypoint.Action == ActionRendezvous;
     if (BaseAlt > 0 && inner && !withEscort) SetWPAltitude(waypoint.AltBytes, BaseAlt);
-    if (ShiftFlag == -1 && inner) ShiftWPPosition(run, waypoint.Lon, waypoint.Lat);
+    // Quirk 40: a waypoint with an escort is moved too.
+    if (ShiftFlag == Shifted && inner) ShiftWPPosition(run, waypoint.Lon, waypoint.Lat);
 
-    Byte Action;
-    GetActionByMission(MissionType, Action);
+    Byte Action = offered;
     if (Action == NoAction) continue;
     AlterWPAction(waypoint.Action, Action);
-    if (Action == ActionLoiter) waypoint.ActionParam = RoundEven(Rnd(run) * 10 + 8);
+    if (Action == ActionLoiter) waypoint.ActionParam = RoundEven(Rnd(run) * LoiterRange + MinLoiter);
   }
 }
 

@@ -10,12 +10,12 @@ namespace {
 
 constexpr double AttackerOdds = 0.8;  // of an attack mission for ClassAttacker
 
-// One draw: recon, spotting, or else the third type.
-Integer DrawType(RunState& run, const ClassOddsRec& odds, Integer otherwise) {
+// Recon, spotting or the third type. One draw.
+Integer DrawType(RunState& run, const ClassOddsRec& odds, Integer third) {
   const double draw = Rnd(run);
   if (draw < odds.Recon) return TypeRecon;
   if (draw < odds.Recon + odds.Spotting) return TypeSpotting;
-  return otherwise;
+  return third;
 }
 
 void AlterTypeByClass(RunState& run, MissionRec& flight, Integer aircraftClass, Integer& MissionType) {
@@ -23,11 +23,11 @@ void AlterTypeByClass(RunState& run, MissionRec& flight, Integer aircraftClass, 
     if (MissionType != TypeBomb && MissionType != TypeRecon && MissionType != TypeSpotting) return;
     MissionType = DrawType(run, run.ClassOdds[aircraftClass - ClassFirstTwoSeater], TypeBomb);
     flight.MissionType = MissionType;
-  } else if (aircraftClass == ClassArmoured) {
+  } else if (aircraftClass == ClassArmoured) {  // Quirk 30: any type, even an escort.
     MissionType = DrawType(run, run.ClassOdds[ClassOddsRows - 1], TypeAttack);
     flight.MissionType = MissionType;
   } else if (aircraftClass == ClassAttacker) {
-    // The row keeps its type: only the waypoints are worked as the new one.
+    // Quirk 29: the row keeps its type. Only the waypoints follow the new one.
     MissionType = Rnd(run) < AttackerOdds ? TypeAttack : TypeSpotting;
   }
 }
@@ -37,18 +37,18 @@ void AlterTypeByClass(RunState& run, MissionRec& flight, Integer aircraftClass, 
 void AlterMissionType(RunState& run, Integer index, Integer Aircraft, Integer SquadID, Integer& ShiftFlag,
                       Integer& MissionType) {
   MissionRec& flight = run.Missions[index];
-  ShiftFlag = 0;
+  ShiftFlag = NotShifted;
   AlterTypeByClass(run, flight, run.Aircraft[Aircraft].AircraftClass, MissionType);
 
-  if (run.TypeOddsGate != 0) return;
-  Integer nation = 0;
+  if (run.TypeOddsGate != OpenGate) return;  // Quirk 33: 0 opens the gate.
+  Integer nation = NationZero;
   GetNation(run, SquadID, nation);
   const double odds = run.TypeOdds[MissionType].Odds[nation];
-  const double draw = Rnd(run);  // made even where the odds are 0
+  const double draw = Rnd(run);  // Quirk 31: drawn even if the odds are 0.
   if (odds > 0 && draw < odds) {
     MissionType = TypeOffensivePatrol;
     flight.MissionType = TypeOffensivePatrol;
-    if (nation != 0) ShiftFlag = -1;
+    if (nation != NationZero) ShiftFlag = Shifted;  // Quirk 32: even if it was an offensive patrol before.
   }
 }
 

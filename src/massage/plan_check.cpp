@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <string>
 
-#include "massage/flight_size.h"
 #include "state/failure.h"
 #include "state/numbering.h"
+#include "state/player.h"
 #include "state/roster.h"
 
 namespace velmoran {
@@ -15,9 +15,9 @@ namespace {
 // Requires the value to be within its limits. part is its place in the mission file, row the number of a record there.
 void CheckRange(std::string_view part, Long row, std::string_view field, Long value, Long least, Long most) {
   if (value >= least && value <= most) return;
-  throw Failure{FailureNumber::OutsideTable, std::string(part) + (row < 0 ? "" : " " + std::to_string(row)) + ": " +
-                                                 std::string(field) + " " + std::to_string(value) + " is outside " +
-                                                 std::to_string(least) + " to " + std::to_string(most)};
+  throw Failure{FailureNumber::OutsideTable,
+                std::string(part) + (row < 0 ? "" : " " + std::to_string(row)) + ": " +
+                    OutsideText(std::string(field) + " " + std::to_string(value), least, most)};
 }
 
 void CheckRow(const RunState& run, Integer row) {
@@ -25,7 +25,7 @@ void CheckRow(const RunState& run, Integer row) {
   CheckRange("record", row, "MissionType", flight.MissionType, 0, TypeRows - 1);
   CheckRange("record", row, "SquadID", flight.SquadID, 0, SquadronRows - 1);
   CheckRange("record", row, "Planes slot 0", flight.Planes[0], EmptySlot, AircraftRows - 1);
-  Integer nation = 0;
+  Integer nation = NationZero;
   GetNation(run, Narrow(flight.SquadID), nation);
   CheckRange("record", row, "the nation of its squadron in squadron.dat,", nation, 0, Nations - 1);
 }
@@ -39,8 +39,8 @@ void CheckPlayerSquadron(const RunState& run) {
   for (Integer row = 0; row < run.LoadedCount; ++row) {
     const MissionRec& flight = run.Missions[row];
     if (!InPlayerSquadron(run, flight)) continue;
-    if (flight.FlightID == run.PlayerFlight) {
-      ownPilots = PilotsOf(flight);  // of several such rows the last one counts
+    if (IsPlayerFlight(run, flight)) {
+      ownPilots = PilotsOf(flight);  // of several such rows, the last one counts
     } else {
       ++others;
       otherPilots += PilotsOf(flight);

@@ -1,4 +1,4 @@
-// Checks that every index which the passes take from a plan is within its table. The passes rely on it.
+// Checks that every table index in a plan is within its table. The passes rely on it and don't check again.
 #pragma once
 
 #include "state/run_state.h"

@@ -3,7 +3,9 @@
 #include <algorithm>
 
 #include "massage/flight_size.h"
+#include "massage/removal.h"
 #include "state/numbering.h"
+#include "state/player.h"
 #include "state/rnd.h"
 #include "state/roster.h"
 
@@ -11,13 +13,12 @@ namespace velmoran {
 
 namespace {
 
-constexpr Long SquadronLimit = 12, NationZeroLimit = 9;
-
+// The pilots of the player's squadron, each with his plane.
 struct Pool {
   Table<Long, PlayerPilots> PilotPool{};
   Table<Long, PlayerPilots> PlanePool{};
-  Long poolCount = 0;  // pilots not yet promised to a flight
-  Long poolTop = -1;   // the next pair to hand out; goes down only by the slots that are really filled
+  Long poolCount = 0;  // pilots not yet assigned to a flight; goes down by a flight's whole size
+  Long poolTop = -1;   // the next entry to hand out; goes down only by the slots that are filled
 };
 
 Pool GatherPilots(const RunState& run) {
@@ -36,17 +37,17 @@ Pool GatherPilots(const RunState& run) {
   return pool;
 }
 
-// Fills the empty slots below size from the top of the pool and clears those from size on.
-void ManFlight(MissionRec& flight, Long size, Pool& pool) {
+// Fills the empty slots below size from the top of the pool, and empties those from size on.
+void FillSlots(MissionRec& flight, Long size, Pool& pool) {
   for (Long slot = 0; slot < Slots; ++slot) {
     if (slot < size) {
       if (flight.Planes[slot] != EmptySlot) continue;
       flight.Pilots[slot] = pool.PilotPool[pool.poolTop];
       flight.Planes[slot] = pool.PlanePool[pool.poolTop];
-      --pool.poolTop;
+      --pool.poolTop;  // Quirk 52: pilots who keep their slots stay in the pool.
       continue;
     }
-    if (flight.Pilots[slot] == KeptPilotID && size > 0) {
+    if (flight.Pilots[slot] == KeptPilotID && size > 0) {  // Quirk 54: he replaces the last pilot.
       flight.Pilots[size - 1] = KeptPilotID;
       flight.Planes[size - 1] = flight.Planes[slot];
       --pool.poolCount;
@@ -60,20 +61,20 @@ void ManFlight(MissionRec& flight, Long size, Pool& pool) {
 }  // namespace
 
 void BalanceSquadrons(RunState& run) {
-  Integer nation = 0;  // a squadron outside the roster has that of the flight before
-  for (Integer index = 0; index < run.LoadedCount; ++index) {
-    MissionRec& flight = run.Missions[index];
-    if (InPlayerSquadron(run, flight)) continue;
+  Integer nation = NationZero;  // a squadron outside the roster keeps that of the flight before
+  for (Integer row = 0; row < run.LoadedCount; ++row) {
+    MissionRec& flight = run.Missions[row];
+    if (InPlayerSquadron(run, flight)) continue;  // Quirk 49: removed flights count too.
 
     const Long count = Slots - static_cast<Long>(std::ranges::count(flight.Planes, EmptySlot));
     GetNation(run, Narrow(flight.SquadID), nation);
-    const Long limit = nation == 0 ? NationZeroLimit : SquadronLimit;
+    const Long limit = nation == NationZero ? NationZeroMaxPlanes : SquadronMaxPlanes;
     Integer& granted = run.SquadPlanes[flight.SquadID];
     const Long room = limit - granted;
     if (granted + count <= limit) {
       granted = Narrow(granted + count);
-    } else if (room <= run.MissionDefs[flight.MissionType].MinPlanes) {
-      RemoveFlight(run, index);
+    } else if (room <= run.MissionDefs[flight.MissionType].MinPlanes) {  // Quirk 50: room for MinPlanes is too little.
+      RemoveFlight(run, row);
     } else {
       for (Long slot = std::max<Long>(room, 0); slot < Slots; ++slot) flight.Planes[slot] = EmptySlot;
       flight.NumAircraft = room;
@@ -84,12 +85,12 @@ void BalanceSquadrons(RunState& run) {
 
 void AdjustPlayerSquadron(RunState& run) {
   Pool pool = GatherPilots(run);
-  Integer nation = 0;  // a squadron outside the roster has that of the flight before
+  Integer nation = NationZero;  // a squadron outside the roster keeps that of the flight before
   for (Long entry = 0; entry < run.SquadFlightCount; ++entry) {
-    const Integer index = run.SquadFlights[entry];
-    if (index < 0) continue;  // no flight is the player's
-    MissionRec& flight = run.Missions[index];
-    const bool playersOwn = flight.FlightID == run.PlayerFlight;
+    const Integer row = run.SquadFlights[entry];
+    if (row < 0) continue;  // no flight is the player's
+    MissionRec& flight = run.Missions[row];
+    const bool playersOwn = IsPlayerFlight(run, flight);
 
     Long size = DrawFlightSize(run, flight);
     GetNation(run, Narrow(flight.SquadID), nation);
@@ -98,16 +99,16 @@ void AdjustPlayerSquadron(RunState& run) {
       if (pool.poolCount >= run.MissionDefs[flight.MissionType].MinPlanes || playersOwn) {
         size = pool.poolCount;
       } else {
-        RemoveFlight(run, index);
+        RemoveFlight(run, row);
       }
     }
-    flight.NumAircraft = size;
-    if (run.Removed[index] != InPlay) continue;
+    flight.NumAircraft = size;  // Quirk 51: no size is invalid here.
+    if (run.Removed[row] != InPlay) continue;
 
-    pool.poolCount -= size;
-    ManFlight(flight, size, pool);
-    // Against the odds: a draw above RemoveOdds removes, where AdjustFlightSize removes below them.
-    if (!playersOwn && Rnd(run) > run.Periods[run.WarPeriod].RemoveOdds) RemoveFlight(run, index);
+    pool.poolCount -= size;  // Quirk 53: and not returned by a removal.
+    FillSlots(flight, size, pool);
+    // Quirk 44: inverted. Here a draw above RemoveOdds removes; in AdjustFlightSize, a draw below it.
+    if (!playersOwn && Rnd(run) > run.Periods[run.WarPeriod].RemoveOdds) RemoveFlight(run, row);
   }
 }
 

@@ -1,20 +1,21 @@
-// The strength of whole squadrons, once their flights have been sized one by one.
+// The strength of whole squadrons, once each flight has its size.
 #pragma once
 
 #include "state/run_state.h"
 
 namespace velmoran {
 
-// Grants planes to every squadron but the player's, in table order, up to its limit of 12, or 9 for nation 0: first
-// come, first served. A flight that finds too little room is cut to it or removed. Reads Planes and MissionType of
-// all rows, the removed ones too; writes SquadPlanes, Planes, NumAircraft, and what RemoveFlight writes. Draws
-// nothing.
+// Limits every squadron but the player's to 12 planes (9 for nation 0), in table order: first come, first served. A
+// flight that doesn't fit is cut to the planes that are left, or removed. Reads Planes and MissionType of all rows,
+// removed ones too; writes SquadPlanes, Planes, NumAircraft, and what RemoveFlight writes. No draws. Throws
+// MassageStopped as RemoveFlight does.
 void BalanceSquadrons(RunState& run);
 
-// Gathers the pilots of the player's squadron, with their planes, into a pool of 13 at most, draws a new size for
-// each flight of SquadFlights and hands the pool out, the player's own flight first. Flights that the pool can't
-// serve, and others by chance, are removed. Writes NumAircraft, Planes, Pilots, SlotExtra, and what RemoveFlight
-// writes. One draw a flight, and a second for each that isn't the player's and has been served.
+// Puts the pilots of the player's squadron, with their planes, into a pool (at most 13). Draws a new size for each
+// flight of SquadFlights, the player's first, and fills its slots from the pool. Removes flights that the pool has too
+// few pilots for, and others by chance. Writes NumAircraft, Planes, Pilots, SlotExtra, and what RemoveFlight writes.
+// One draw for each flight, and a second for each that isn't the player's and had enough pilots. Throws MassageStopped
+// as RemoveFlight does.
 void AdjustPlayerSquadron(RunState& run);
 
 }  // namespace velmoran

@@ -9,15 +9,27 @@ namespace velmoran {
 
 namespace {
 
-constexpr double LeastShift = 200000, ShiftRange = 300000;
+constexpr double MinShift = 200000, ShiftRange = 300000;
 constexpr Long MapEdge = 4190000;
 
 }  // namespace
 
 void ShiftWPPosition(RunState& run, Long& Lon, Long& Lat) {
-  if (run.ShiftAxis < 0 || run.ShiftAxis > 3) return;
-  Long& moved = run.ShiftAxis % 2 == 1 ? Lon : Lat;
-  moved = std::min(RoundEven(Rnd(run) * ShiftRange + LeastShift + moved), MapEdge);
+  Long* moved;
+  switch (run.ShiftAxis) {
+    case 0:
+    case 2:
+      moved = &Lat;
+      break;
+    case 1:
+    case 3:
+      moved = &Lon;
+      break;
+    default:
+      return;
+  }
+  // Quirk 41: always upwards, and never beyond the edge.
+  *moved = std::min(RoundEven(Rnd(run) * ShiftRange + MinShift + *moved), MapEdge);
 }
 
 void GetActionByMission(Integer MissionType, Byte& Action) {
@@ -42,7 +54,7 @@ void AlterWPAction(Byte& act, Byte& NewAction) {
   if (replaceable) {
     act = NewAction;
   } else {
-    NewAction = act;
+    NewAction = act;  // Quirk 42: so a loiter that stays draws only in a mission that loiters.
   }
 }
 

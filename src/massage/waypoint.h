@@ -1,19 +1,19 @@
-// Moving a waypoint, and giving it the action of its mission.
+// The position and the action of a waypoint.
 #pragma once
 
 #include "state/run_state.h"
 
 namespace velmoran {
 
-// Moves Lon or Lat, as ShiftAxis says, by 200000 to 500000 upwards, at most to 4190000; positions have no unit. One
-// draw, and none when ShiftAxis is outside 0 to 3 and nothing moves.
+// Moves Lon (ShiftAxis 1 or 3) or Lat (0 or 2) up by 200000 to 500000, but not beyond 4190000. Positions have no unit.
+// One draw. Any other ShiftAxis moves nothing and draws nothing.
 void ShiftWPPosition(RunState& run, Long& Lon, Long& Lat);
 
-// Sets Action to the one that the mission type stands for, or to NoAction.
+// Sets Action to the one that flights of this mission type perform, or to NoAction.
 void GetActionByMission(Integer MissionType, Byte& Action);
 
-// When the waypoint's action act is one that a mission may replace, act takes NewAction; else NewAction takes act.
-// Afterwards NewAction shows the action that the waypoint has in the end.
+// If act is an action that a mission may replace, sets act to NewAction; else sets NewAction to act. Either way,
+// NewAction is the waypoint's action afterwards.
 void AlterWPAction(Byte& act, Byte& NewAction);
 
 }  // namespace velmoran

@@ -32,6 +32,7 @@
 #include "window/captions.h"
 #include "window/console/terminal.h"
 #include "window/events.h"
+#include "window/win32/dll_search.h"
 #ifdef _WIN32
 #include "files/utf16.h"
 #endif
@@ -232,6 +233,7 @@ void EndProgram(bool failed) {
 
 int main(int argc, char** argv) {
   using namespace velmoran;
+  LoadDllsFromSystemOnly();
   BeginTerminal();
   BeginOutput();
   try {

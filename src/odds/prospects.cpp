@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "massage/flight_size.h"
 #include "state/numbering.h"
+#include "state/player.h"
 #include "state/roster.h"
 
 namespace velmoran {
@@ -69,7 +69,7 @@ std::vector<Prospect> Foresee(const RunState& run) {
     GetNation(run, Narrow(flight.SquadID), prospect.nation);
     prospect.aircraft = flight.NumAircraft >= 1 ? AircraftOf(flight) : Integer{0};
     prospect.players = InPlayerSquadron(run, flight);
-    prospect.playersOwn = prospect.players && flight.FlightID == run.PlayerFlight;
+    prospect.playersOwn = prospect.players && IsPlayerFlight(run, flight);
     const Integer aircraftClass = run.Aircraft[AircraftOf(flight)].AircraftClass;
     prospect.scaled = aircraftClass >= 0 && aircraftClass < ClassFirstTwoSeater;
     prospect.climbs = HasAltitudeToDraw(flight);

@@ -13,9 +13,9 @@ constexpr std::array<std::string_view, 14> MissionNames{
     "Attack Support", "Barrage Support", "Offensive Patrol", "Lone Wolf"};
 
 constexpr std::array<std::string_view, 15> ActionNames{
-    "Ingress",      "Egress",          "Escort",         "Attack Target", "Patrol",    "Defend Balloon",
-    "Patrol Front", "Defend Infantry", "Support Attack", "Loiter",        "rendevous", "Takeoff",
-    "Land",         "Recon",           "Navigate"};
+    "Ingress", "Egress", "Escort", "Attack Target", "Patrol", "Defend Balloon",
+    // Quirk 8: spelling kept.
+    "Patrol Front", "Defend Infantry", "Support Attack", "Loiter", "rendevous", "Takeoff", "Land", "Recon", "Navigate"};
 
 constexpr std::array<std::string_view, 17> FormationNames{
     "Echelon Right", "Echelon Left", "Vee",     "Diamond", "Wedge", "Delta",  "Vic",    "Javelin",    "Javelin 2",

@@ -17,15 +17,15 @@ namespace {
 constexpr std::size_t ZoneWidth = 14;
 constexpr Long FlightText = 1024, WaypointText = 256;  // in characters, enough for most
 
-struct Printed {  // a number with a blank or its minus sign in front and a blank behind
+struct Printed {  // a number with a space or its minus sign before it and a space after it
   Long number;
 };
-struct Joined {  // a number's digits, a minus sign in front if it has one
+struct Joined {  // a number without spaces
   Long number;
 };
-struct Zone {};  // blanks up to the next multiple of ZoneWidth
+struct Zone {};  // spaces up to the next multiple of ZoneWidth
 
-// Puts the items of lines one behind the other.
+// Composes the report line by line from texts and numbers.
 class ReportText {
  public:
   explicit ReportText(std::size_t expected) { text_.reserve(expected); }
@@ -36,8 +36,7 @@ class ReportText {
     (Put(items), ...);
     text_ += "\r\n";
   }
-  // A blank line isn't empty: it holds one blank.
-  void BlankLine() { Line(" "); }
+  void BlankLine() { Line(" "); }  // Quirk 69: one space.
 
   std::string Take() { return std::move(text_); }
 
@@ -72,11 +71,12 @@ void PutWaypoint(ReportText& text, const WaypointRec& waypoint, Long k) {
 
 void PutFlight(ReportText& text, const RunState& run, const MissionRec& flight) {
   std::string_view name;
-  text.Line("Mission:       ", Printed{flight.FlightID});
+  text.Line("Mission:       ", Printed{flight.FlightID});  // Quirk 70: the same label as the type's.
   GetSquadName(run, flight.SquadID, name);
   text.Line("Squadron:      ", name);
   GetMissionName(flight.MissionType, name);
   text.Line("Mission:       ", name);
+  // Quirk 68: the space before the number is its own.
   if (flight.EscortFlag > 0) text.Line("Escorting Flight Number", Printed{flight.EscortedFlight});
   text.Line("Num Planes:    ", Printed{flight.NumAircraft});
   text.BlankLine();
@@ -87,30 +87,31 @@ void PutFlight(ReportText& text, const RunState& run, const MissionRec& flight) 
     text.Line("    Plane: ", known ? std::string_view(run.Aircraft[plane].AircraftName) : "Unknown");
   }
   text.BlankLine();
-  for (const Long pilot : flight.Pilots) {
+  for (const Long pilot : flight.Pilots) {  // Quirk 72: all slots, not only NumAircraft.
     if (pilot != EmptySlot) text.Line("    Pilot: ", Printed{pilot});
   }
-  for (Long k = 1; k <= flight.WPCount; ++k) PutWaypoint(text, flight.Waypoints[k - 1], k);
+  Long k = 0;
+  for (const WaypointRec& waypoint : Route(flight)) PutWaypoint(text, waypoint, ++k);
 }
 
-// The rows of the flights in play, in table order.
+// Calls visit with each flight in play, in table order.
 template <class Visit>
-void ForEachListed(const RunState& run, Visit visit) {
-  for (Long row = 0; row < run.LoadedCount; ++row) {
+void ForEachInPlay(const RunState& run, Visit visit) {
+  for (Integer row = 0; row < run.LoadedCount; ++row) {
     if (run.Removed[row] == InPlay) visit(run.Missions[row]);
   }
 }
 
 void PutSquadrons(ReportText& text, const RunState& run) {
   Table<Integer, SquadronRows> tally{};  // planes, by SquadID
-  ForEachListed(run, [&](const MissionRec& flight) {
+  ForEachInPlay(run, [&](const MissionRec& flight) {
     if (flight.SquadID < 0 || flight.SquadID >= SquadronRows) return;
     Integer& planes = tally[flight.SquadID];
     planes = static_cast<Integer>(std::int64_t{planes} + flight.NumAircraft);
   });
 
-  Integer nation = 0;  // a squadron outside the roster shows that of the line before
-  for (Integer squadID = 0; squadID < SquadronRows - 1; ++squadID) {  // the last one has no line
+  Integer nation = NationZero;  // a squadron outside the roster shows that of the line before
+  for (Integer squadID = 0; squadID < SquadronRows - 1; ++squadID) {  // Quirk 74: 200 has no line.
     if (tally[squadID] == 0) continue;
     std::string_view name;
     GetSquadName(run, squadID, name);
@@ -120,10 +121,10 @@ void PutSquadrons(ReportText& text, const RunState& run) {
   }
 }
 
-// Enough that the text seldom moves as it grows.
+// An estimate, so that the text is seldom reallocated as it grows.
 std::size_t ExpectedLength(const RunState& run) {
   Long length = FlightText;
-  ForEachListed(run, [&length](const MissionRec& flight) { length += FlightText + flight.WPCount * WaypointText; });
+  ForEachInPlay(run, [&length](const MissionRec& flight) { length += FlightText + flight.WPCount * WaypointText; });
   return static_cast<std::size_t>(length);
 }
 
@@ -134,18 +135,19 @@ std::string ComposeReport(const RunState& run) {
   text.Line("Player Flight ID :       ", Printed{run.PlayerFlight});
   text.Line("Mission Count    :       ", Printed{run.MissionCount});
   text.BlankLine();
-  ForEachListed(run, [&](const MissionRec& flight) { PutFlight(text, run, flight); });
+  ForEachInPlay(run, [&](const MissionRec& flight) { PutFlight(text, run, flight); });
   text.BlankLine();
   text.BlankLine();
 
-  ForEachListed(run, [&](const MissionRec& flight) {
-    if (flight.MissionType != TypeEscort) return;
+  ForEachInPlay(run, [&](const MissionRec& flight) {
+    if (flight.MissionType != TypeEscort) return;  // Quirk 71: by type, whatever EscortFlag is.
     text.Line("Mission ", Joined{flight.FlightID}, " Escort Mission for ", Joined{flight.EscortedFlight});
   });
   text.BlankLine();
-  ForEachListed(run, [&](const MissionRec& flight) {
-    for (Long k = 0; k < flight.WPCount; ++k) {
-      if (flight.Waypoints[k].Action == ActionRendezvous) text.Line("Escorted Mission ", Joined{flight.FlightID});
+  ForEachInPlay(run, [&](const MissionRec& flight) {
+    for (const WaypointRec& waypoint : Route(flight)) {
+      // Quirk 73: a line for each rendezvous.
+      if (waypoint.Action == ActionRendezvous) text.Line("Escorted Mission ", Joined{flight.FlightID});
     }
   });
   text.BlankLine();
@@ -155,7 +157,7 @@ std::string ComposeReport(const RunState& run) {
   text.BlankLine();
   text.BlankLine();
 
-  for (Long pair = 0; pair < run.GroupPairCount; ++pair) {
+  for (Integer pair = 0; pair < run.GroupPairCount; ++pair) {  // Quirk 75: removed flights too.
     const GroupPairRec& grouped = run.GroupPairs[pair];
     text.Line("Grouped Missions ", Joined{run.Missions[grouped.sourceIndex].FlightID}, " and ",
               Joined{run.Missions[grouped.targetIndex].FlightID});

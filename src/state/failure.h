@@ -33,4 +33,9 @@ inline std::string FailureText(const Failure& failure) {
          (failure.advice.empty() ? "" : " " + failure.advice);
 }
 
+// "WPCount 32 is outside 0 to 31", for the description of a Failure.
+inline std::string OutsideText(const std::string& what, Long least, Long most) {
+  return what + " is outside " + std::to_string(least) + " to " + std::to_string(most);
+}
+
 }  // namespace velmoran

@@ -1,5 +1,5 @@
-// The numbers that the simulation stores for mission types, waypoint actions and formations, and the few other
-// numbers that the massage tells apart. report/names.cpp has the names that a report prints for them.
+// The simulation's numbers for mission types, waypoint actions and formations, and the other values that the massage
+// distinguishes. report/names.cpp has the names that a report prints for them.
 #pragma once
 
 #include "state/types.h"
@@ -36,7 +36,7 @@ inline constexpr Byte ActionTakeoff = 11;
 inline constexpr Byte ActionLand = 12;
 inline constexpr Byte ActionRecon = 13;
 inline constexpr Byte ActionNavigate = 14;
-inline constexpr Byte NoAction = 255;  // a mission type offers none; never stored in a file
+inline constexpr Byte NoAction = 255;  // of a mission type that has no action of its own; never stored in a file
 
 inline constexpr Byte FormationEchelonRight = 0;
 inline constexpr Byte FormationEchelonLeft = 1;
@@ -53,7 +53,7 @@ inline constexpr Byte FormationEscort = 14;
 inline constexpr Byte FormationSmallEscort = 15;
 inline constexpr Byte FormationLowAltVic = 16;
 
-// Classes of aircraft. 0 to 2 are sized by the war period and removed by chance.
+// Classes of aircraft.
 inline constexpr Integer ClassLowFlyer = 1;
 inline constexpr Integer ClassHighFlyer = 2;
 inline constexpr Integer ClassFirstTwoSeater = 3;
@@ -61,10 +61,20 @@ inline constexpr Integer ClassLastTwoSeater = 6;
 inline constexpr Integer ClassAttacker = 7;
 inline constexpr Integer ClassArmoured = 8;
 
-inline constexpr Long FlightTypeApart = 2;  // the one FlightType that formations tell from the others
+// Whether flights of the class are sized by the war period and removed by chance: classes 0 to 2.
+constexpr bool IsScaledClass(Integer aircraftClass) {
+  return aircraftClass >= 0 && aircraftClass < ClassFirstTwoSeater;
+}
+
+inline constexpr Integer NationZero = 0;        // has a lower limit of planes, and its flights are never moved
+inline constexpr Long NationZeroMaxPlanes = 9;  // in a flight, and in all flights of a squadron together
+inline constexpr Long SquadronMaxPlanes = 12;   // in all flights of a squadron of any other nation together
+
+inline constexpr Integer OpenGate = 0;    // TypeOddsGate: missions may become offensive patrols
+inline constexpr Long FlightTypeTwo = 2;  // the one FlightType that has formations of its own
 
 inline constexpr Long EmptySlot = -1;     // in Planes, Pilots and SlotExtra
-inline constexpr Long KeptPilotID = 191;  // the pilot whom a cut never takes from his flight
+inline constexpr Long KeptPilotID = 191;  // the pilot who is never cut from his flight
 
 inline constexpr Integer InPlay = 0;  // values of Removed
 inline constexpr Integer TakenOut = -1;

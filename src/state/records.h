@@ -1,9 +1,10 @@
-// A flight and its waypoints, as the mission file stores them. The comments give the offset in the file's record, in
-// bytes from 0; Carried bytes have no meaning for the tool and go from reader to writer as they are. The order of the
-// fields in the file stands in files/mission_file.cpp.
+// A flight and its waypoints, as the mission file stores them. Comments give a field's offset in its record in the
+// file, in bytes from 0. Carried bytes are not interpreted: they are written back as they were read.
+// files/mission_file.cpp lists the fields in file order.
 #pragma once
 
 #include <algorithm>
+#include <span>
 
 #include "state/types.h"
 
@@ -34,7 +35,7 @@ struct MissionRec {
   Long FlightID = 0;                             // 0: the row's number in Missions from load until RenumberFlights
   Long SquadID = 0;                              // 4: key of the roster
   Table<Byte, 4> Carried8{};                     // 8
-  Long FlightType = 0;                           // 12: 2 is told apart by the formations
+  Long FlightType = 0;                           // 12: affects formations
   Long HeadLong16 = 0;                           // 16
   Long MissionType = 0;                          // 20: state/numbering.h
   Long HeadLong24 = 0;                           // 24
@@ -44,17 +45,25 @@ struct MissionRec {
   Table<Byte, 8> Carried184{};                   // 184
   Long WPCount = 0;                              // 192: waypoints in use, 0 to 31
   Table<Byte, 8> Carried196{};                   // 196
-  Long EscortFlag = 0;                           // 204: says whether EscortedFlight stands in the file
+  Long EscortFlag = 0;                           // 204: whether the file has EscortedFlight
   Table<Byte, 8> Carried208{};                   // 208
-  Long EscortedFlight = 0;                       // 216, where it stands: FlightID of the flight that this one escorts
-  Table<WaypointRec, WaypointRows> Waypoints{};  // WPCount of them in the file
-  Long TailLong = 0;                             // behind the waypoints
+  Long EscortedFlight = 0;                       // 216, if present: FlightID of the flight that this one escorts
+  Table<WaypointRec, WaypointRows> Waypoints{};  // the file has WPCount of them
+  Long TailLong = 0;                             // after the waypoints
   Table<Long, Slots> Planes{};                   // rows of Aircraft; EmptySlot in an empty slot
   Table<Long, Slots> Pilots{};                   // pilot ids; EmptySlot in an empty slot
   Table<Long, Slots> SlotExtra{};
 };
 
-// The row of Aircraft that slot 0 of Planes names; an empty slot counts as row 0.
+// The waypoints in use, in order. Requires WPCount in 0 to 31.
+inline std::span<WaypointRec> Route(MissionRec& flight) {
+  return std::span(flight.Waypoints).first(static_cast<std::size_t>(flight.WPCount));
+}
+inline std::span<const WaypointRec> Route(const MissionRec& flight) {
+  return std::span(flight.Waypoints).first(static_cast<std::size_t>(flight.WPCount));
+}
+
+// The row of Aircraft in slot 0 of Planes, or 0 if the slot is empty.
 inline Integer AircraftOf(const MissionRec& flight) {
   return Narrow(std::max<Long>(flight.Planes[0], 0));
 }

@@ -3,7 +3,8 @@
 namespace velmoran {
 
 void SeedRnd(RunState& run) {
-  run.Random.seed(4294967295U);  // -1, in 32 bits
+  // Quirk 9: always the same seed, -1 in 32 bits.
+  run.Random.seed(4294967295U);
 }
 
 double Rnd(RunState& run) {

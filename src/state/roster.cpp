@@ -8,7 +8,7 @@ namespace {
 
 // The squadron's row, the last of several; null if the roster doesn't have it.
 const SquadRec* FindSquadron(const RunState& run, Long squadID) {
-  const auto last = run.Squadrons.rend() - SquadronsFilled;
+  const auto last = run.Squadrons.rend() - SquadronsFilled;  // Quirk 25: the last of several counts.
   const auto found = std::find_if(last, run.Squadrons.rend(),
                                   [squadID](const SquadRec& squadron) { return squadron.squadID == squadID; });
   return found == run.Squadrons.rend() ? nullptr : &*found;
@@ -17,6 +17,7 @@ const SquadRec* FindSquadron(const RunState& run, Long squadID) {
 }  // namespace
 
 void GetNation(const RunState& run, Integer squadID, Integer& nation) {
+  // Quirk 26: unchanged for a squadron that isn't in the roster.
   if (const SquadRec* squadron = FindSquadron(run, squadID)) nation = squadron->nation;
 }
 

@@ -10,7 +10,7 @@ void SetInitialValues(RunState& run) {
   run.SquadFlightCount = 1;
   run.CampaignStart = FirstCampaignDay;
 
-  // What is left out stays zero: the last row or entry of each table, and in Aircraft the rows that no file fills.
+  // Quirk 12: the last row or entry of these tables stays zero, as do the rows of Aircraft that no file fills.
   for (Long row = 0; row < MissionRows - 1; ++row) run.Removed[row] = InPlay;
   for (Long slot = 0; slot < PlayerFlights - 1; ++slot) run.SquadFlights[slot] = -1;
   for (Long row = 0; row < AircraftFilled; ++row) run.Aircraft[row].MinAlt = run.Aircraft[row].MaxAlt = 0;

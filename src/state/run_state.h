@@ -1,4 +1,4 @@
-// The one record of all program state. A front end's main makes it; every operation works on it.
+// The one record of all program state. A front end's main creates it; every operation works on it.
 #pragma once
 
 #include <random>
@@ -11,7 +11,7 @@
 
 namespace velmoran {
 
-// Rows of the tables, and of those the rows that a file fills.
+// The number of rows of each table, and of the rows that a file fills.
 inline constexpr Long PeriodRows = 8, PeriodsFilled = 7;
 inline constexpr Long ClassOddsRows = 5;
 inline constexpr Long TypeRows = 21, TypesFilled = 14;
@@ -28,7 +28,7 @@ struct RunState {
   // Paths and texts.
   std::string WorkDir;        // directory at start; where the file dialogs begin
   std::string DataPath;       // the simulation's data folder, no trailing separator
-  std::string MisPath;        // the mission file, as the open dialog gave it
+  std::string MisPath;        // the mission file, as entered in the open dialog
   std::string MissionFile;    // the file that Open found there: its whole path, in the system's own spelling
   std::string DatPath;        // the campaign file beside it
   bool WriteFailed = false;   // by the last Write
@@ -38,7 +38,7 @@ struct RunState {
   Table<Byte, 8> HeaderBytes{};  // 0: carried
   Long PlayerFlight = 0;         // 8: FlightID of the player's flight, on load also its row in Missions
   Byte HeaderFlag = 0;           // 12: carried
-  Long MissionCount = 0;         // 13: as loaded, after RenumberFlights the flights in play
+  Long MissionCount = 0;         // 13: as loaded; after RenumberFlights, the flights in play
   Long LoadedCount = 0;          // rows of Missions read
   Table<MissionRec, MissionRows> Missions{};
   Table<Integer, MissionRows> Removed{};  // InPlay or TakenOut, by row of Missions
@@ -59,16 +59,16 @@ struct RunState {
   Long CampaignStart = 0;    // FirstCampaignDay
   Long CampaignDate = 0;     // the campaign's current day, on the same scale
   Integer WarPeriod = 0;     // 0 to 6: row of Periods
-  Integer ShiftAxis = 0;     // 1 and 3 move Lon, 0 and 2 move Lat, others nothing
+  Integer ShiftAxis = 0;     // 1 and 3 move Lon, 0 and 2 move Lat, other values nothing
   Integer TypeOddsGate = 0;  // 0 lets missions become offensive patrols
 
   // Working tables of the massage.
-  Table<Integer, PlayerFlights> SquadFlights{};     // rows of the player's squadron; slot 0 is the player's flight
-  Integer SquadFlightCount = 0;                     // next free slot; 1 at start, for slot 0 is reserved
-  Table<Integer, SquadronRows> SquadPlanes{};       // planes granted to a squadron, by SquadID
+  Table<Integer, PlayerFlights> SquadFlights{};  // rows of Missions; slot 0 is the player's flight, -1 if there is none
+  Integer SquadFlightCount = 0;                  // next free slot; 1 at start, since slot 0 is reserved
+  Table<Integer, SquadronRows> SquadPlanes{};    // planes granted to a squadron, by SquadID
   Table<Integer, MissionRows> LostEscortFlights{};  // FlightIDs of flights that lost an escort
   Integer LostEscortCount = 0;
-  Table<Integer, MissionRows> LostRendezvousFlights{};  // FlightIDs of removed flights that an escort was to meet
+  Table<Integer, MissionRows> LostRendezvousFlights{};  // FlightIDs of removed flights with a rendezvous
   Integer LostRendezvousCount = 0;
   Table<GroupPairRec, PairRows> GroupPairs{};  // flights that grouping has joined
   Integer GroupPairCount = 0;
@@ -76,8 +76,8 @@ struct RunState {
   std::mt19937 Random;  // state of Rnd
 };
 
-// Gives a RunState in which all else is zero the values of a run that has just started: counts, CampaignStart, and
-// the tables whose empty value is -1. Leaves paths, texts and Random as they are.
+// Sets the initial values of a run in a RunState that is all zero: counts, CampaignStart, and the tables whose empty
+// value is -1. Leaves paths, texts and Random unchanged.
 void SetInitialValues(RunState& run);
 
 }  // namespace velmoran

@@ -1,5 +1,5 @@
-// Rows of the tables that the two setup files and the roster fill at start, and of the pairs that grouping makes. Odds
-// and factors are plain ratios; altitudes are numbers of the simulation and have no unit.
+// Rows of the tables read at start from the two setup files and the roster, and of the pairs that grouping makes. Odds
+// and factors are ratios; altitudes are numbers of the simulation and have no unit.
 #pragma once
 
 #include <string>
@@ -16,7 +16,7 @@ inline constexpr Long GroupKinds = 5;   // 0 to 4; the setup file has odds for 0
 struct PeriodRec {
   Table<double, Nations> SizeFactor{};    // multiplier of a flight's size, by nation
   double RemoveOdds = 0;                  // compared with a flight's removal draw
-  Table<double, GroupKinds> GroupOdds{};  // by Kind of the group; only those of row 0 are ever looked at
+  Table<double, GroupKinds> GroupOdds{};  // by Kind of the group; only those of row 0 are used
 };
 
 // The mission types of an aircraft class. Velmoran.ini.
@@ -48,7 +48,7 @@ struct SquadGroupRec {
 
 // A type of aircraft. Velmoran.txt.
 struct AircraftRec {
-  std::string AircraftName;  // single bytes, as they stand in the file
+  std::string AircraftName;  // single bytes, as in the file
   Integer AircraftClass = 0;
   Integer MinAlt = 0;
   Integer MaxAlt = 0;
@@ -58,7 +58,7 @@ struct AircraftRec {
 struct SquadRec {
   Integer squadID = 0;
   Integer nation = 0;
-  std::string SquadName;  // single bytes, at most 39, a zero byte among them if the file has one
+  std::string SquadName;  // at most 39 single bytes; may contain a zero byte
 };
 
 // Two flights that grouping has joined, as rows of Missions.

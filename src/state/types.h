@@ -14,8 +14,8 @@ using Byte = std::uint8_t;
 using Integer = std::int16_t;
 using Long = std::int32_t;
 
-// A table of fixed size, its rows found by a signed number from 0. A row outside the table is a fault of the caller;
-// builds with library assertions stop there.
+// A table of fixed size, indexed by a signed number from 0. An index outside the table is the caller's error; builds
+// with library assertions stop there.
 template <class Row, std::size_t Rows>
 struct Table : std::array<Row, Rows> {
   constexpr Row& operator[](Long row) { return std::array<Row, Rows>::operator[](static_cast<std::size_t>(row)); }
@@ -29,7 +29,7 @@ constexpr Integer Narrow(Long value) {
   return static_cast<Integer>(value);
 }
 
-// The nearest whole number, ties to the even one; what a Long can't hold becomes the nearest Long. Not for NaN.
+// The nearest whole number, ties to even, clamped to the range of a Long. Not for NaN.
 inline Long RoundEven(double value) {
   const double rounded = std::nearbyint(value);
   return static_cast<Long>(

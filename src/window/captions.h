@@ -5,7 +5,7 @@
 
 namespace velmoran::captions {
 
-inline constexpr std::string_view Mission = "Form1";  // the title of the form
+inline constexpr std::string_view Mission = "Form1";  // Quirk 6: the title of the form.
 inline constexpr std::string_view Label1 = "Velmoran";
 inline constexpr std::string_view Label2 = "Version " VELMORAN_VERSION;
 inline constexpr std::string_view OpenB = "Open Mission File";

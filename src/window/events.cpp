@@ -31,6 +31,7 @@ constexpr std::string_view OpenedHint =
     "You can also press Generate Report to get a report of mission paramaters before massaging";
 constexpr std::string_view MassagedHint =
     "Data massage complete.  Press Write to save the altered mission types and altitudes.  "
+    // Quirk 1: spelling kept.
     "You can also press Generate Report to get a report of mission paramaters after massaging";
 constexpr std::string_view WrittenHint =
     "Write complete.  Press Exit to exit the program.  "
@@ -45,8 +46,22 @@ constexpr std::string_view ReportName = "MissionReport.txt";
 constexpr int FolderNameLength = 8;  // of the folder that the tool runs in, beside the simulation's data folder
 constexpr int ExtensionLength = 3;
 
-void ShowHint(RunState& run, std::string_view hint) {
-  run.HintText = hint;
+// A state of the form: which buttons are enabled, and the hint. ExitB is always enabled.
+struct FormState {
+  bool openB, massageB, reportB, writeB;
+  std::string_view hint;
+};
+constexpr FormState Started{true, false, false, false, StartHint};
+constexpr FormState Opened{false, true, true, false, OpenedHint};
+constexpr FormState Massaged{false, false, true, true, MassagedHint};
+constexpr FormState Written{false, false, true, false, WrittenHint};
+
+void Enter(RunState& run, const FormState& state) {
+  EnableButton(Button::OpenB, state.openB);
+  EnableButton(Button::MassageB, state.massageB);
+  EnableButton(Button::ReportB, state.reportB);
+  EnableButton(Button::WriteB, state.writeB);
+  run.HintText = state.hint;
   SetHintText(run.HintText);
 }
 
@@ -65,6 +80,7 @@ void Form_Load(RunState& run) {
     run.MisPath.clear();
     SetInitialValues(run);
     run.WorkDir = CurrentDirectory();
+    // Quirk 10: with a folder name of any length.
     run.DataPath = DropLastCharacters(run.WorkDir, FolderNameLength) + "data\\simpatch";
     ReadSetup(run);
     GetSquadInfo(run);
@@ -76,19 +92,17 @@ void Form_Load(RunState& run) {
     ShowMessage(NotEnoughMemoryToStart);
     EndProgram(true);
   }
-  EnableButton(Button::MassageB, false);
-  EnableButton(Button::ReportB, false);
-  EnableButton(Button::WriteB, false);
-  ShowHint(run, StartHint);
+  Enter(run, Started);
 }
 
 void OpenB_Click(RunState& run) {
   try {
     run.MisPath = ShowOpenDialog(run.WorkDir, AnyMissionFile);
-    if (run.MisPath == AnyMissionFile || run.MisPath.empty()) return;
+    if (run.MisPath == AnyMissionFile || run.MisPath.empty()) return;  // Quirk 13: this text means Cancel.
     const InputFile file(run.MisPath, "Choose the mission file of your campaign, campgn??.mis.");
     std::string path = file.Path();
     const std::string shownPath = Printable(path);
+    // Quirk 14: with any extension.
     run.DatPath = DropLastCharacters(run.MisPath, ExtensionLength) + "dat";
     ReadCampaignDate(run);
     ReadMissions(run, file.ReadAll(), shownPath);
@@ -101,11 +115,8 @@ void OpenB_Click(RunState& run) {
         "Error # 7 Not enough memory to open the file. No file was changed. Close other programs and try again.");
     return;
   }
-  SetTargetCaption(run.MisPath);
-  EnableButton(Button::OpenB, false);
-  EnableButton(Button::MassageB, true);
-  EnableButton(Button::ReportB, true);
-  ShowHint(run, OpenedHint);
+  SetTargetCaption(run.MisPath);  // Quirk 7: replaces "Target: " too.
+  Enter(run, Opened);             // Quirk 15: no way back, so Open resets nothing.
 }
 
 bool AcceptPlan(const RunState& run) {
@@ -132,15 +143,12 @@ void MassageB_Click(RunState& run) {
     ShowMessage(NotEnoughMemoryToMassage);
     EndProgram(true);
   }
-  EnableButton(Button::OpenB, false);
-  EnableButton(Button::MassageB, false);
-  EnableButton(Button::ReportB, true);
-  EnableButton(Button::WriteB, true);
-  ShowHint(run, MassagedHint);
+  Enter(run, Massaged);
 }
 
 void ReportB_Click(RunState& run) {
   try {
+    // Quirk 16: Cancel gives the name that was offered.
     const std::string path = ShowSaveDialog(run.WorkDir, ReportName);
     const std::string report = ComposeReport(run);
     WriteFile(PathForReport(path), std::span(reinterpret_cast<const Byte*>(report.data()), report.size()), Flush::No);
@@ -159,6 +167,7 @@ void WriteB_Click(RunState& run) {
   try {
     const std::vector<Byte> image = ComposeMissionImage(run);  // complete before the file is emptied
     emptied = true;
+    // Quirk 17: no question and no backup.
     WriteFile(run.MissionFile, image, Flush::ToDisk);
     run.WriteFailed = false;
   } catch (Failure& failure) {
@@ -173,11 +182,7 @@ void WriteB_Click(RunState& run) {
                       "programs, and press Write again before you exit.");
     return;
   }
-  EnableButton(Button::OpenB, false);
-  EnableButton(Button::MassageB, false);
-  EnableButton(Button::ReportB, true);
-  EnableButton(Button::WriteB, false);
-  ShowHint(run, WrittenHint);
+  Enter(run, Written);
 }
 
 void ExitB_Click(const RunState& run) {

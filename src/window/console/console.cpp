@@ -13,6 +13,7 @@
 #include "window/captions.h"
 #include "window/console/terminal.h"
 #include "window/events.h"
+#include "window/win32/dll_search.h"
 
 namespace velmoran {
 
@@ -136,6 +137,7 @@ void EndProgram(bool failed) {
 
 int main() {
   using namespace velmoran;
+  LoadDllsFromSystemOnly();
   BeginTerminal();
   static RunState run;
   form.run = &run;
