@@ -1,21 +1,9 @@
 // velmoran-odds: opens a plan as the tool does, massages copies of it in memory many times, and prints what came out.
 // Writes no file but the one that --csv names.
 
-#ifdef _WIN32
-// Before shellapi.h.
-#include <windows.h>
-
-#include <fcntl.h>
-#include <io.h>
-#include <shellapi.h>
-#else
-#include <unistd.h>
-#endif
-
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
-#include <filesystem>
 #include <memory>
 #include <new>
 #include <set>
@@ -24,6 +12,7 @@
 #include "files/disk.h"
 #include "files/path.h"
 #include "odds/arguments.h"
+#include "odds/process.h"
 #include "odds/simulate.h"
 #include "odds/summary.h"
 #include "odds/warnings.h"
@@ -33,9 +22,6 @@
 #include "window/console/terminal.h"
 #include "window/events.h"
 #include "window/win32/dll_search.h"
-#ifdef _WIN32
-#include "files/utf16.h"
-#endif
 
 namespace velmoran {
 
@@ -46,54 +32,8 @@ Arguments arguments;
 bool massaging = false, refused = false;
 std::vector<std::string> shown;  // the messages of the massage that is running
 
-#ifdef _WIN32
-
-std::vector<std::string> GivenArguments(int /*argc*/, char** /*argv*/) {
-  int count = 0;
-  LPWSTR* const wide = CommandLineToArgvW(GetCommandLineW(), &count);
-  std::vector<std::string> given;
-  for (int i = 1; i < count; ++i) given.push_back(ToUtf8(wide[i]));
-  LocalFree(wide);
-  return given;
-}
-
-// Standard output gets the same bytes as on other systems.
-void BeginOutput() {
-  _setmode(_fileno(stdout), _O_BINARY);
-}
-
-bool ErrorsAtTerminal() {
-  return _isatty(_fileno(stderr)) != 0;
-}
-
-// A console window that was opened for this program alone closes with it.
-bool OwnsWindow() {
-  DWORD processes[2];
-  return AtTerminal() && GetConsoleProcessList(processes, 2) == 1;
-}
-
-#else
-
-std::vector<std::string> GivenArguments(int argc, char** argv) {
-  std::vector<std::string> given;
-  for (int i = 1; i < argc; ++i) given.emplace_back(argv[i]);
-  return given;
-}
-
-void BeginOutput() {}
-
-bool ErrorsAtTerminal() {
-  return isatty(STDERR_FILENO) != 0;
-}
-
-bool OwnsWindow() {
-  return false;
-}
-
-#endif
-
 [[noreturn]] void Finish(int status) {
-  if (OwnsWindow()) {
+  if (AtTerminal() && OwnsWindow()) {
     WriteLine("", "Press Enter to close this window.");
     std::string line;
     ReadLine(line);
@@ -114,18 +54,13 @@ void PrintLines(std::string_view text) {
   }
 }
 
-std::filesystem::path PathOf(const std::string& text) {
-  return std::u8string(text.begin(), text.end());
-}
-
 void RefuseToOverwrite(const RunState& run) {
+  const std::string csv = PathForReport(arguments.csv);
   for (const std::string& path : {run.MissionFile, run.DatPath, std::string("Velmoran.ini"),
                                   run.DataPath + "\\Velmoran.txt", run.DataPath + "\\squadron.dat"}) {
-    std::error_code error;
-    if (!std::filesystem::equivalent(PathOf(PathForReport(arguments.csv)), PathOf(InputFile(path, "").Path()), error)) {
-      continue;
+    if (IsSameFile(csv, InputFile(path, "").Path())) {
+      throw WrongArgument{"--csv names " + path + ", which is one of the files that are read"};
     }
-    throw WrongArgument{"--csv names " + path + ", which is one of the files that are read"};
   }
 }
 
