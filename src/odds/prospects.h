@@ -1,4 +1,4 @@
-// What a massage can make of the flights of a plan, whatever it draws.
+// What a massage can make of the flights of a plan, over all possible draws.
 #pragma once
 
 #include <bitset>
