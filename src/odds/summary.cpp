@@ -124,8 +124,10 @@ std::string Heading(const RunState& opened) {
   const std::string days = first.empty()  ? "up to day " + last
                            : last.empty() ? "from day " + first + " on"
                                           : "days " + first + " to " + last;
-  return "Velmoran " VELMORAN_VERSION ": the odds of " + (slash == std::string::npos ? path : path.substr(slash + 1)) +
-         "\n\n" +
+  return Wrapped("Velmoran " VELMORAN_VERSION ": the odds of " +
+                     (slash == std::string::npos ? path : path.substr(slash + 1)),
+                 0) +
+         "\n" +
          Wrapped("War period " + to_string(period) + ", " + days + "; this is day " + to_string(day) +
                      ". Of the rows for war periods, only row " + to_string(period) + " counts for this plan.",
                  0);
