@@ -155,11 +155,14 @@ struct Warner {
          (percent ? "For " + Number(odds) + "%, write " + Number(odds / 100) + "." : "Write a number from 0 to 1."));
   }
 
-  void WarnOfOddsOutside() {
+  void WarnOfRemoveOdds() {
     WarnIfOutside(Item("Periods", run.WarPeriod, "RemoveOdds"), run.Periods[run.WarPeriod].RemoveOdds,
                   Those([](const Prospect& flight) { return flight.players ? !flight.playersOwn : flight.scaled; }),
                   "all fighters outside your squadron are taken out, and none in it",
                   "all flights of your squadron but your own are taken out, and no others");
+  }
+
+  void WarnOfClassOdds() {
     for (Long row = 0; row < ClassOddsRows; ++row) {
       const ClassOddsRec& odds = run.ClassOdds[row];
       const Prospects those = Those([&](const Prospect& flight) { return flight.classRow == row; });
@@ -176,6 +179,9 @@ struct Warner {
            Number(odds.Spotting) + " are above 1 together: no mission of the " + Flights(those) +
            " that they act on becomes " + (row == ClassOddsRows - 1 ? "Attack" : "Bomb") + ". Lower one of them.");
     }
+  }
+
+  void WarnOfTypeOdds() {
     for (Long type = 0; type < TypesFilled && run.TypeOddsGate == 0; ++type) {
       const bool patrol = type == TypeOffensivePatrol;
       for (Long nation = 0; nation < NationColumns; ++nation) {
@@ -284,7 +290,9 @@ std::vector<std::string> Warnings(const RunState& opened, const Massages& massag
   warner.WarnOfTooManyPlanes();
   warner.WarnOfNoPlanes();
   warner.WarnOfEscortsLeaving();
-  warner.WarnOfOddsOutside();
+  warner.WarnOfRemoveOdds();
+  warner.WarnOfClassOdds();
+  warner.WarnOfTypeOdds();
   warner.WarnOfSwappedSizes();
   warner.WarnOfAltitudes();
   return warner.warnings;
