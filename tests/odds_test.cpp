@@ -83,7 +83,7 @@ TEST_F(OddsTest, RowsAreThoseOfTheToolsMassage) {
   } cases[] = {
       {"ordinary day", sound, Read(ini), "../campaign/campgn01.mis"},
       {"largest day", sound, Read(ini), "../campaign/campgn02.mis"},
-      {"the player escorts, and may be removed", Poked(sound, 8, 3), Read(ini), "../campaign/campgn01.mis"},
+      {"a player's flight that may go", Poked(Poked(sound, 8, 0), 17, 100), Read(ini), "../campaign/campgn01.mis"},
       {"an escort of nothing", Poked(sound, escort + 216, 4), Read(ini), "../campaign/campgn01.mis"},
       {"some end early", sound, crowded, "../campaign/campgn01.mis"},
   };
@@ -123,6 +123,7 @@ TEST_F(OddsTest, WarnsOnlyOfWhatCanActOnThePlan) {
       {"template", "", "", ""},
       {"factor", "0.90, 1.00, 0.90", "0.90, 1.60, 0.90", "Periods row 3 SizeFactor 1 is 1.6: with MissionDefs row 12"},
       {"factor of another period", "0.75, 0.70", "0.75, 2.70", ""},
+      {"factor of nation 0, which has a cap", "0.90, 1.00, 0.90", "3.00, 1.00, 0.90", ""},
       {"factor that rounds to 12", "0.90, 1.00, 0.90", "0.90, 1.5625, 0.90", ""},
       {"too many planes", "2000, 4000,  2, 5", "2000, 4000,  2, 13", "MissionDefs row 2 MaxPlanes 13 (Attack): a"},
       {"too many planes for a nation that flies none", "10000, 16000, 1, 2", "10000, 16000, 1, 13", ""},
