@@ -160,7 +160,9 @@ void Press(const std::string& control) {
   QTest::mouseClick(&Find(control), Qt::LeftButton);
 }
 void PressKey(const std::string& key) {
-  QTest::keyClick(TakingKeys(), key == "tab" ? Qt::Key_Tab : key == "space" ? Qt::Key_Space : Qt::Key_Return);
+  QTest::keyClick(QApplication::focusWidget(), key == "tab"     ? Qt::Key_Tab
+                                               : key == "space" ? Qt::Key_Space
+                                                                : Qt::Key_Return);
 }
 
 std::string NameInDialog() {

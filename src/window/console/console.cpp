@@ -13,7 +13,7 @@
 #include "window/captions.h"
 #include "window/console/terminal.h"
 #include "window/events.h"
-#include "window/win32/dll_search.h"
+#include "window/dll_search.h"
 
 namespace velmoran {
 

@@ -1,8 +1,6 @@
 // The form as a Qt window. The object name of each control is its name in the form.
 
-#include <QAbstractItemView>
 #include <QApplication>
-#include <QCompleter>
 #include <QFileDialog>
 #include <QFileIconProvider>
 #include <QFontDatabase>
@@ -285,6 +283,8 @@ class FileDialog : public QFileDialog {
     setFileMode(AnyFile);
     findChild<QWidget*>("fileTypeLabel")->hide();  // the name field has the pattern
     findChild<QWidget*>("fileTypeCombo")->hide();
+    // Names that complete what was typed may pop up only after the folder has been left, and would take the next keys.
+    NameField().setCompleter(nullptr);
     const int column = fontMetrics().averageCharWidth(), line = fontMetrics().lineSpacing();
     auto& files = *findChild<QTreeView*>("treeView");
     files.hideColumn(TypeColumn);  // which the icons show too
@@ -317,8 +317,6 @@ class FileDialog : public QFileDialog {
   QLineEdit& NameField() { return *findChild<QLineEdit*>("fileNameEdit"); }
   void Begin(const QString& directory, const QString& fileName) {
     begunWith = fileName;
-    NameField().completer()->setCompletionPrefix("");  // that of what was typed would pop up again
-    NameField().completer()->popup()->hide();
     setDirectory(directory);
     if (acceptMode() == AcceptOpen) setNameFilter(fileName);
     NameField().setText(fileName);

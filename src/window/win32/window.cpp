@@ -19,7 +19,7 @@
 #include "platform/platform.h"
 #include "window/captions.h"
 #include "window/events.h"
-#include "window/win32/dll_search.h"
+#include "window/dll_search.h"
 #include "window/win32/resource.h"
 
 namespace velmoran {

@@ -1,4 +1,4 @@
-#include "window/win32/dll_search.h"
+#include "window/dll_search.h"
 
 #include <windows.h>
 
