@@ -20,8 +20,8 @@
 #include "state/failure.h"
 #include "window/captions.h"
 #include "window/console/terminal.h"
+#include "window/dll_search.h"
 #include "window/events.h"
-#include "window/win32/dll_search.h"
 
 namespace velmoran {
 
