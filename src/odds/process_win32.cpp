@@ -1,6 +1,5 @@
 #include "odds/process.h"
 
-#ifdef _WIN32
 #include "files/utf16.h"
 // After windows.h.
 #include <fcntl.h>
@@ -8,14 +7,8 @@
 #include <shellapi.h>
 
 #include <cstdio>
-#else
-#include <sys/stat.h>
-#include <unistd.h>
-#endif
 
 namespace velmoran {
-
-#ifdef _WIN32
 
 std::vector<std::string> GivenArguments(int /*argc*/, char** /*argv*/) {
   int count = 0;
@@ -59,31 +52,5 @@ bool IsSameFile(const std::string& one, const std::string& other) {
   return Identify(one, first) && Identify(other, second) && first.dwVolumeSerialNumber == second.dwVolumeSerialNumber &&
          first.nFileIndexHigh == second.nFileIndexHigh && first.nFileIndexLow == second.nFileIndexLow;
 }
-
-#else
-
-std::vector<std::string> GivenArguments(int argc, char** argv) {
-  std::vector<std::string> given;
-  for (int i = 1; i < argc; ++i) given.emplace_back(argv[i]);
-  return given;
-}
-
-void BeginOutput() {}
-
-bool ErrorsAtTerminal() {
-  return isatty(STDERR_FILENO) != 0;
-}
-
-bool OwnsWindow() {
-  return false;
-}
-
-bool IsSameFile(const std::string& one, const std::string& other) {
-  struct stat first, second;
-  return stat(one.c_str(), &first) == 0 && stat(other.c_str(), &second) == 0 && first.st_dev == second.st_dev &&
-         first.st_ino == second.st_ino;
-}
-
-#endif
 
 }  // namespace velmoran

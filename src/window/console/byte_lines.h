@@ -1,0 +1,34 @@
+// Lines as bytes, on standard input and output that aren't a terminal of Windows.
+#pragma once
+
+#include <cstdio>
+#include <new>
+#include <string>
+#include <string_view>
+
+#include "window/console/terminal.h"
+
+namespace velmoran {
+
+inline Input ReadBytes(std::string& line) {
+  line.clear();
+  int next = std::getchar();
+  const bool atEnd = next == EOF;
+  try {
+    for (; next != EOF && next != '\n'; next = std::getchar()) line += static_cast<char>(next);
+  } catch (const std::bad_alloc&) {
+    while (next != EOF && next != '\n') next = std::getchar();
+    throw;
+  }
+  if (std::ferror(stdin) != 0) return Input::Error;
+  return atEnd ? Input::End : Input::Line;
+}
+
+inline bool WriteBytes(std::string_view label, std::string_view text) {
+  std::fwrite(label.data(), 1, label.size(), stdout);
+  std::fwrite(text.data(), 1, text.size(), stdout);
+  std::fputc('\n', stdout);
+  return std::fflush(stdout) == 0 && std::ferror(stdout) == 0;
+}
+
+}  // namespace velmoran
