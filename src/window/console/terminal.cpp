@@ -6,6 +6,7 @@
 #ifdef _WIN32
 #include "files/utf16.h"
 #else
+#include <malloc.h>
 #include <unistd.h>
 
 #include <csignal>
@@ -85,6 +86,11 @@ bool WriteLine(std::string_view label, std::string_view text) {
 
 void BeginTerminal() {
   std::signal(SIGPIPE, SIG_IGN);
+#ifdef __GLIBC__  // which would give a report's memory back to the system, and take fresh pages for the next report
+  constexpr int Kept = 32 << 20;  // in bytes, more than a plan and its report take
+  mallopt(M_MMAP_THRESHOLD, Kept);
+  mallopt(M_TRIM_THRESHOLD, Kept);
+#endif
 }
 
 bool AtTerminal() {
