@@ -11,6 +11,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRegularExpression>
+#include <QResource>
 #include <QSettings>
 #include <QVBoxLayout>
 #include <array>
@@ -255,6 +256,13 @@ void EndWithoutDisplay(QtMsgType type, const QMessageLogContext& /*context*/, co
   std::_Exit(EXIT_FAILURE);
 }
 
+// The program's icon, from raw pixels: to read an image file, Qt would first load its plugins for other formats.
+QIcon Icon() {
+  constexpr int Size = 64;  // in pixels, as tools/icon makes it
+  const QResource pixels(":/velmoran.rgba");
+  return QPixmap::fromImage(QImage(pixels.data(), Size, Size, QImage::Format_RGBA8888));
+}
+
 }  // namespace
 
 int main(int /*argc*/, char** argv) {
@@ -264,7 +272,7 @@ int main(int /*argc*/, char** argv) {
   const QtMessageHandler usual = qInstallMessageHandler(EndWithoutDisplay);
   const QApplication application(nameAlone, argv);
   qInstallMessageHandler(usual);
-  QApplication::setWindowIcon(QIcon(":/velmoran.png"));
+  QApplication::setWindowIcon(Icon());
   QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, "/dev/null");  // Qt's dialog keeps nothing either
 
   const auto run = std::make_unique<RunState>();
