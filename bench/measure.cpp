@@ -29,6 +29,7 @@ double ProcessorTime() {
 
 Usage RunProgram(const std::vector<std::string>& command, const std::string& input) {
   std::vector<char*> arguments;
+  arguments.reserve(command.size() + 1);
   for (const std::string& word : command) arguments.push_back(const_cast<char*>(word.c_str()));
   arguments.push_back(nullptr);
   posix_spawn_file_actions_t files;

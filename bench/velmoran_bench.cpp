@@ -2,15 +2,14 @@
 // then how the cost of the events grows with the number of flights. All times are processor time. Ends with status 1 if
 // an aim is missed by more than a quarter.
 //
-//   velmoran_bench FOLDER
+//   velmoran_bench CAMPAIGN BUILD
 //
-// FOLDER is a sample campaign that make_sample has written; the plans and reports written here are added to it. Needs a
-// display for the windows.
+// CAMPAIGN is a folder that make_sample has written; plans, reports and copies are added to it. BUILD is the build
+// folder of the programs. Needs a display for the windows.
 
 #include <malloc.h>
 #include <sys/mman.h>
 
-#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <cstdlib>
@@ -111,7 +110,7 @@ void MakePlans() {
   }
 }
 
-void CompareConsole() {
+void CompareConsole(const fs::path& build) {
   const std::string plan = "../campaign/plan.mis", before = "before.txt", after = "after.txt";
   fs::copy_file("../campaign/campgn02.dat", "../campaign/plan.dat", fs::copy_options::overwrite_existing);
   fs::create_directories("../copy");
@@ -122,7 +121,7 @@ void CompareConsole() {
   std::vector<double> ratios;
   for (int turn = 0; turn < ConsoleTurns; ++turn) {
     fs::copy_file("../campaign/campgn02.mis", plan, fs::copy_options::overwrite_existing);
-    const double console = bench::RunProgram({CONSOLE}, "typed").seconds;
+    const double console = bench::RunProgram({build / "velmoran-console"}, "typed").seconds;
     const double copy =
         bench::RunProgram({"cp", "Velmoran.ini", "../data/simpatch/Velmoran.txt", "../data/simpatch/squadron.dat",
                            "../campaign/campgn02.dat", "../campaign/campgn02.mis", before, after, "../copy"})
@@ -167,11 +166,12 @@ void CompareReport(const RunState& opened) {
   PrintLine("composing the largest report / filling fresh memory of its size", bench::Median(ratios), 3);
 }
 
-void CompareWindow() {
+void CompareWindow(const fs::path& build) {
   std::vector<double> times, memories;
-  setenv("LD_PRELOAD", FIRST_PAINT, 1);
+  setenv("LD_PRELOAD", (build / "bench/libfirst_paint.so").c_str(), 1);
   for (int turn = 0; turn < WindowTurns; ++turn) {
-    const bench::Usage window = bench::RunProgram({WINDOW}), plain = bench::RunProgram({PLAIN_WINDOW});
+    const bench::Usage window = bench::RunProgram({build / "velmoran"});
+    const bench::Usage plain = bench::RunProgram({build / "bench/plain_window"});
     times.push_back(window.seconds / plain.seconds);
     memories.push_back(window.memory / plain.memory);
   }
@@ -209,20 +209,22 @@ void PrintGrowth(const char* name, const std::vector<std::unique_ptr<RunState>>&
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (argc != 2) {
-    std::fputs("velmoran_bench FOLDER\n", stderr);
+  if (argc != 3) {
+    std::fputs("velmoran_bench CAMPAIGN BUILD\n", stderr);
     return EXIT_FAILURE;
   }
+  const fs::path build = fs::absolute(argv[2]);
   fs::current_path(fs::path(argv[1]) / "velmoran");
   MakePlans();
   std::vector<std::unique_ptr<RunState>> plans;
+  plans.reserve(Sizes.size());
   for (const Long flights : Sizes) plans.push_back(Opened(MissionFile(flights)));
 
   std::printf("%-66s %8s %5s\n", "", "measured", "aim");
-  CompareConsole();
+  CompareConsole(build);
   CompareMassage(*plans.back());
   CompareReport(*plans.back());
-  CompareWindow();
+  CompareWindow(build);
   CountAllocations(*plans.back());
 
   std::printf("\nTimes as long as with %d flights:\n        ", Sizes[0]);
