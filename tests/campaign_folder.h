@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <fstream>
 #include <memory>
+#include <optional>
 #include <random>
 #include <regex>
 #include <sstream>
@@ -60,7 +61,7 @@ class CampaignFolder : public testing::Test {
 
   // Runs the event, with what the user types into its dialog. Returns the messages that it shows, then "failed" if it
   // ends the program because of a failure.
-  Messages Press(void (*event)(velmoran::RunState&), const std::string& typed = "") {
+  Messages Press(void (*event)(velmoran::RunState&), const std::optional<std::string>& typed = {}) {
     fakes::form.messages.clear();
     fakes::form.answer = typed;
     try {

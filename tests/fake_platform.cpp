@@ -10,8 +10,7 @@ namespace {
 
 std::string Answer(const std::string& dialog, std::string_view directory, std::string_view name) {
   form.asked.push_back(dialog + " " + std::string(directory) + " [" + std::string(name) + "]");
-  const std::string typed = std::exchange(form.answer, "");
-  return typed.empty() ? std::string(name) : typed;
+  return std::exchange(form.answer, std::nullopt).value_or(std::string(name));
 }
 
 }  // namespace

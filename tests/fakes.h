@@ -1,6 +1,7 @@
 // A form and a source of random draws for tests, instead of a front end and of Rnd.
 #pragma once
 
+#include <optional>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -15,8 +16,8 @@ struct Form {
   std::string hint;
   std::string target = "Target: ";
   std::vector<std::string> messages;
-  std::vector<std::string> asked;  // "open DIRECTORY [NAME]" for each dialog
-  std::string answer;              // what the user types into the next dialog; "" is Cancel
+  std::vector<std::string> asked;     // "open DIRECTORY [NAME]" for each dialog
+  std::optional<std::string> answer;  // what the user types into the next dialog; nothing is Cancel
 };
 extern Form form;
 

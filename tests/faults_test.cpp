@@ -58,7 +58,7 @@ const std::string Folder =
     "he tool's folder must have a name of eight characters and be beside the simulation's data folder.";
 const std::string Damaged = "If it is the right file, it is damaged: restore your copy of the campaign folder.";
 
-// What the user is told to do, by file or event: if the file is wrong, and if it is missing.
+// The advice of a message, by file or event: if the file is invalid, and if it is missing.
 const std::map<std::string, std::pair<std::string, std::string>> Advice{
     {"ini", {Item, "Start Velmoran from its own folder, with Velmoran.ini in it."}},
     {"txt", {Item, "Copy Velmoran.txt there. If that is the wrong folder: t" + Folder}},
@@ -74,7 +74,7 @@ class FaultsTest : public CampaignFolder, public testing::WithParamInterface<Fau
   std::string Campaign() const {
     return fakes::Join(std::vector<Long>{state->CampaignDate, state->WarPeriod, state->ShiftAxis, state->TypeOddsGate});
   }
-  // The message of the line, with the whole path for the file's name, and what the user is told to do; or no message.
+  // The message of the line, with the whole path instead of the file name, and with its advice. None for "none".
   Messages Expected(const std::filesystem::path& path) const {
     const auto& [line, event, file, change, message] = GetParam();
     if (message == "none") return {};

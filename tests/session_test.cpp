@@ -1,4 +1,5 @@
 // Whole runs on the sample: states, hints, files.
+#include <cstdint>
 #include <cstdlib>
 #include <new>
 
@@ -11,12 +12,13 @@ namespace {
 
 bool counting = false;
 long allocations = 0;
+std::size_t largestBlock = SIZE_MAX;  // in bytes: there is no memory for a larger one
 
 }  // namespace
 
 void* operator new(std::size_t size) {
   if (counting) ++allocations;
-  if (void* memory = std::malloc(size)) return memory;
+  if (void* memory = size > largestBlock ? nullptr : std::malloc(size)) return memory;
   throw std::bad_alloc();
 }
 void operator delete(void* memory) noexcept { std::free(memory); }
@@ -74,6 +76,17 @@ TEST_F(SessionTest, WholeRun) {
   EXPECT_EQ(Digest(Read(root / "campaign/campgn02.mis")), 5767796093158233986U);
 }
 
+TEST_F(SessionTest, WriteWithoutMemoryChangesNothing) {
+  ASSERT_EQ(MassageOf(sound), Messages{});
+  largestBlock = 4096;
+  const Messages shown = Press(WriteB_Click);
+  largestBlock = SIZE_MAX;
+  EXPECT_EQ(shown, Messages{"Error # 7 Not enough memory. No file was changed. The massaged flights are kept: close other "
+                            "programs, and press Write again before you exit."});
+  EXPECT_EQ(Read(mis), sound);
+  EXPECT_EQ(Press(WriteB_Click), Messages{});
+}
+
 TEST_F(SessionTest, FullListOfLostFlightsEndsTheProgram) {
   ASSERT_EQ((Load(), Open("../campaign/campgn02.mis")), Messages{});
   state->Periods[state->WarPeriod].RemoveOdds = 1;
@@ -84,6 +97,12 @@ TEST_F(SessionTest, FullListOfLostFlightsEndsTheProgram) {
             (Messages{"Error # 9 LostRendezvousFlights has no room for flight 7: it holds 201 already. The "
                       "mission file was not changed. Lower the odds of removal in Velmoran.ini.",
                       "failed"}));
+}
+
+TEST_F(SessionTest, OpenIsCancelledByItsPatternAndByAnEmptyName) {
+  Load();
+  for (const char* name : {"*.mis", ""}) EXPECT_EQ(Open(name), Messages{}) << name;
+  EXPECT_EQ(fakes::form.buttons, "O---E");
 }
 
 TEST_F(SessionTest, PlansWithoutFlightsAndWithoutThePlayer) {

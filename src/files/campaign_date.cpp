@@ -20,9 +20,6 @@ constexpr Long CountWidth = 4, EntryWidth = 16;
 constexpr Long FirstListLimit = (32767 - (FirstCountAt + CountWidth + 1)) / EntryWidth;
 constexpr Long SecondListLimit = 32767 / EntryWidth;
 
-// First day of the war periods 1 to 6, counted from CampaignStart.
-constexpr Table<Long, 6> PeriodStarts{366, 549, 732, 921, 1104, 1287};
-
 const Byte* At(const std::vector<Byte>& bytes, std::string_view file, Long offset, Long width, std::string_view part) {
   return ByteCursor(bytes, file, offset).Take(width, part);
 }

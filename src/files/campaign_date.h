@@ -5,6 +5,9 @@
 
 namespace velmoran {
 
+// First day of the war periods 1 to 6, counted from CampaignStart.
+inline constexpr Table<Long, 6> PeriodStarts{366, 549, 732, 921, 1104, 1287};
+
 // Fills CampaignDate, TypeOddsGate, ShiftAxis and, from the days since CampaignStart, WarPeriod from the file at
 // DatPath. Throws Failure, with no field changed, when the file can't be read or is shorter than its last word, or
 // when one of its two counts is negative or too large for the 16 bits in which positions are told. OpenB_Click calls

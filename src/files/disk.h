@@ -39,7 +39,7 @@ class InputFile {
 
  private:
   std::string path_;
-  std::intptr_t handle_;
+  [[maybe_unused]] std::intptr_t handle_;  // the system's, or none in memory
 };
 
 // The whole path of a file with exactly the name that the path ends in; its folders are found as by InputFile.

@@ -9,6 +9,8 @@ namespace velmoran {
 
 namespace {
 
+constexpr DWORD DiskQuotaExceeded = 1295;  // ERROR_DISK_QUOTA_EXCEEDED, which not every SDK names
+
 Reason ReasonFor(DWORD error) {
   switch (error) {
     case ERROR_FILE_NOT_FOUND:
@@ -29,7 +31,7 @@ Reason ReasonFor(DWORD error) {
       return InUse();
     case ERROR_DISK_FULL:
     case ERROR_HANDLE_DISK_FULL:
-    case ERROR_DISK_QUOTA_EXCEEDED:
+    case DiskQuotaExceeded:
       return DiskIsFull();
     case ERROR_FILE_TOO_LARGE:
       return FileSizeLimit();

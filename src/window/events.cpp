@@ -37,6 +37,9 @@ constexpr std::string_view WrittenHint =
     "Write complete.  Press Exit to exit the program.  "
     "You can also press Generate Report to get a report of mission paramaters after massaging";
 
+constexpr std::string_view NotEnoughMemoryToMassage =
+    "Error # 7 Not enough memory for the massage. No file was changed. Close other programs and try again.";
+
 constexpr std::string_view AnyMissionFile = "*.mis";
 constexpr std::string_view ReportName = "MissionReport.txt";
 
@@ -116,26 +119,28 @@ void OpenB_Click(RunState& run) {
   Enter(run, Opened);             // Quirk 15: no way back, so Open resets nothing.
 }
 
-void MassageB_Click(RunState& run) {
-  constexpr std::string_view NotEnoughMemory =
-      "Error # 7 Not enough memory for the massage. No file was changed. Close other programs and try again.";
+bool AcceptPlan(const RunState& run) {
   try {
     CheckPlan(run);
+    return true;
   } catch (const Failure& failure) {
     ShowRefusal({failure.number, Printable(run.MissionFile) + ", " + failure.description},
                 "Velmoran can't massage this plan: press Exit, and fly it as it is.");
-    return;
   } catch (const std::bad_alloc&) {
-    ShowMessage(NotEnoughMemory);
-    return;
+    ShowMessage(NotEnoughMemoryToMassage);
   }
+  return false;
+}
+
+void MassageB_Click(RunState& run) {
+  if (!AcceptPlan(run)) return;
   try {
     RunMassage(run);
   } catch (const MassageStopped& stopped) {
     ShowMessage(stopped.message);
     EndProgram(true);
   } catch (const std::bad_alloc&) {  // for the text of MassageStopped
-    ShowMessage(NotEnoughMemory);
+    ShowMessage(NotEnoughMemoryToMassage);
     EndProgram(true);
   }
   Enter(run, Massaged);

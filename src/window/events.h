@@ -23,6 +23,9 @@ void Form_Load(RunState& run);
 // Cancel nothing changes but MisPath.
 void OpenB_Click(RunState& run);
 
+// Whether the passes can massage the flights that Open has read; if not, shows why. Changes nothing.
+bool AcceptPlan(const RunState& run);
+
 // Massages the flights. A plan that the passes can't work on is refused with nothing changed. A massage that can't be
 // finished ends the program after its message.
 void MassageB_Click(RunState& run);

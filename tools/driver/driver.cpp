@@ -14,6 +14,8 @@ struct Command {
 constexpr std::array<Command, 5> Commands{
     {{"open", "OpenB"}, {"massage", "MassageB"}, {"report", "ReportB"}, {"write", "WriteB"}, {"exit", "ExitB"}}};
 
+constexpr int MostTurns = 50;  // of the wheel, over the whole form
+
 std::string asking;  // the caption of the button pressed last
 
 void Print(const std::string& what, const std::string& text) {
@@ -39,11 +41,17 @@ void Look() {
   Print("look", all);
 }
 
+// Brings the control into sight by the mouse's wheel, if it isn't. False: it can't be.
+bool ScrollTo(const std::string& control) {
+  for (int turn = 0; turn < 2 * MostTurns && !IsInSight(control); ++turn) TurnWheel(turn < MostTurns);
+  return IsInSight(control);
+}
+
 void Obey(const std::string& word) {
   if (word == "look") return Look();
   if (word == "tab") {
     PressKey(word);
-    return Print("focus", Focused());
+    return Print("focus", Focused() + (Focused().empty() || IsInSight(Focused()) ? "" : " (out of sight)"));
   }
   if (word == "space" || word == "enter") {
     const std::string focused = Focused();
@@ -54,6 +62,7 @@ void Obey(const std::string& word) {
   for (const auto& [known, button] : Commands) {
     if (word != known) continue;
     if (!IsEnabled(button)) return Print("unavailable", word);
+    if (!ScrollTo(button)) return Print("out of sight", word);
     asking = TextOf(button);
     return Press(button);
   }
@@ -77,6 +86,7 @@ void Step() {
       return;
     case Front::MessageBox:
       if (!begun && FormIsShown()) Print("shown", "before its time");
+      if (!begun && !BoxIsCentred()) Print("shown", "off centre");
       Print("message", MessageInBox());
       return AnswerBox();
     case Front::FileDialog:

@@ -32,7 +32,9 @@ struct Control {
 std::vector<Control> Controls();  // the form itself, then its controls from top to bottom
 std::string TextOf(const std::string& control);
 bool IsEnabled(const std::string& control);
+bool IsInSight(const std::string& control);  // all of it
 std::string Focused();
+void TurnWheel(bool down);  // over the middle of the form
 void Press(const std::string& control);
 void PressKey(const std::string& key);
 
@@ -40,6 +42,7 @@ std::string NameInDialog();
 void AnswerDialog(const std::string& name);
 void CancelDialog();
 std::string MessageInBox();
+bool BoxIsCentred();  // on the screen
 void AnswerBox();
 
 }  // namespace driver

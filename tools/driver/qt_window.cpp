@@ -1,14 +1,19 @@
 // The Qt window in its own process: linked beside the program's own objects, and begun by its QApplication.
+#include <QAccessible>
 #include <QApplication>
 #include <QFileDialog>
+#include <QHelpEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QScreen>
 #include <QScrollBar>
 #include <QTest>
 #include <QTimer>
+#include <QToolTip>
+#include <QWheelEvent>
 #include <algorithm>
 #include <cstdlib>
 
@@ -32,7 +37,7 @@ QWidget* Form() {
 }
 
 QWidget& Find(const std::string& control) {
-  return *Form()->findChild<QWidget*>(QString::fromStdString(control), Qt::FindDirectChildrenOnly);
+  return *Form()->findChild<QWidget*>(QString::fromStdString(control));
 }
 
 template <class Dialog>
@@ -51,21 +56,52 @@ QString WholeText(const QWidget& control) {
   return "";
 }
 
-std::string Flaw(const QWidget& control) {
-  if (const auto* text = dynamic_cast<const QPlainTextEdit*>(&control)) {
-    return !text->isReadOnly() ? "editable" : text->verticalScrollBar()->maximum() > 0 ? "cut" : "";
-  }
+QString Read(QWidget& control, QAccessible::Text what) {
+  return QAccessible::queryAccessibleInterface(&control)->text(what);
+}
+
+std::string FlawOf(QLabel& label) {
+  if (Read(label, QAccessible::Name) == Read(label, QAccessible::Description)) return "read out twice";
+  if (label.objectName() == "Label1" && label.font().family() != "MS Sans Serif") return "in another face";
+  const QSize whole = label.sizeHint();
+  if (whole.width() <= label.width() && whole.height() <= label.height()) return "";
+  if (label.objectName() != "ltarget") return "cut";
+  QHelpEvent rest(QEvent::ToolTip, label.rect().center(), label.mapToGlobal(label.rect().center()));
+  QApplication::sendEvent(&label, &rest);
+  const bool hasTip = QToolTip::text().contains(label.text().section('/', -1));
+  QToolTip::hideText();
+  return hasTip ? "" : "cut, without a tip";
+}
+
+std::string FlawOf(QPlainTextEdit& text) {
+  if (!text.isReadOnly()) return "editable";
+  if (text.verticalScrollBar()->maximum() > 0) return "cut";
+  if (Read(text, QAccessible::Name) != "Hint") return "without its name";
+  const QImage image = text.grab().toImage();
+  const int inside = qRound(2 * image.devicePixelRatio()) - 1;  // of the frame that every text box has
+  const bool framed = image.pixelColor(inside, image.height() / 2) != text.palette().color(QPalette::Base);
+  return framed != text.hasFocus() ? "with a wrong focus frame" : "";
+}
+
+bool InSight(const QWidget& control) {
+  return control.visibleRegion().boundingRect() == control.rect();
+}
+
+std::string Flaw(QWidget& control) {
+  if (control.hasFocus() && !InSight(control)) return "out of sight";
+  if (auto* label = dynamic_cast<QLabel*>(&control)) return FlawOf(*label);
+  if (auto* text = dynamic_cast<QPlainTextEdit*>(&control)) return FlawOf(*text);
   const QSize whole = control.sizeHint();
-  if (whole.width() <= control.width() && whole.height() <= control.height()) return "";
-  if (control.objectName() != "ltarget") return "cut";
-  return control.toolTip().isEmpty() ? "cut, without a tip" : "";
+  return whole.width() <= control.width() && whole.height() <= control.height() ? "" : "cut";
+}
+
+QWidget* TakingKeys() {
+  return QApplication::activePopupWidget() ? QApplication::activePopupWidget() : QApplication::focusWidget();
 }
 
 }  // namespace
 
 Front FrontNow() {
-  // The names that complete what was typed: on a busy machine they pop up late, and hold the keys.
-  if (QWidget* completions = QApplication::activePopupWidget()) completions->close();
   QWidget* front = Open<QWidget>() != nullptr ? Open<QWidget>() : Form();
   if (front == nullptr || !front->isVisible()) return Front::Nothing;
   front->activateWindow();
@@ -86,12 +122,16 @@ void GiveUp() {
 }
 
 std::vector<Control> Controls() {
-  QList<QWidget*> controls = Form()->findChildren<QWidget*>(Qt::FindDirectChildrenOnly);
+  QList<QWidget*> controls = Find("ExitB").parentWidget()->findChildren<QWidget*>(Qt::FindDirectChildrenOnly);
   std::ranges::sort(controls, {}, &QWidget::y);
   static const QSize firstSize = Form()->size();
-  std::vector<Control> all{
-      {"Mission", Form()->windowTitle().toStdString(), Form()->size() == firstSize ? "" : "of another size"}};
-  for (const QWidget* control : controls) {
+  const QSize room = Form()->screen()->availableSize();
+  const bool fits = Form()->size().boundedTo(room) == Form()->size();
+  std::vector<Control> all{{"Mission", Form()->windowTitle().toStdString(),
+                            !fits                         ? "larger than the screen"
+                            : Form()->size() != firstSize ? "of another size"
+                                                          : ""}};
+  for (QWidget* control : controls) {
     all.push_back({control->objectName().toStdString(), WholeText(*control).toStdString(), Flaw(*control)});
   }
   return all;
@@ -102,8 +142,19 @@ std::string TextOf(const std::string& control) {
 bool IsEnabled(const std::string& control) {
   return Find(control).isEnabled();
 }
+bool IsInSight(const std::string& control) {
+  return InSight(Find(control));
+}
 std::string Focused() {
   return QApplication::focusWidget() ? QApplication::focusWidget()->objectName().toStdString() : "";
+}
+void TurnWheel(bool down) {
+  auto* area = dynamic_cast<QAbstractScrollArea*>(Form());
+  if (area == nullptr) return;
+  const QPointF centre = area->viewport()->rect().center();
+  QWheelEvent turn(centre, area->viewport()->mapToGlobal(centre), QPoint(), QPoint(0, down ? -120 : 120), Qt::NoButton,
+                   Qt::NoModifier, Qt::NoScrollPhase, false);
+  QApplication::sendEvent(area->viewport(), &turn);
 }
 void Press(const std::string& control) {
   QTest::mouseClick(&Find(control), Qt::LeftButton);
@@ -128,14 +179,18 @@ void AnswerDialog(const std::string& name) {
     QKeyEvent press(QEvent::KeyPress, Qt::Key_unknown, Qt::NoModifier, letter);
     QApplication::sendEvent(&NameField(), &press);
   }
-  if (QWidget* completions = QApplication::activePopupWidget()) completions->close();
-  QTest::keyClick(&NameField(), Qt::Key_Return);
+  QTest::keyClick(TakingKeys(), Qt::Key_Return);
 }
 void CancelDialog() {
-  QTest::keyClick(Open<QFileDialog>(), Qt::Key_Escape);
+  QTest::keyClick(TakingKeys(), Qt::Key_Escape);
 }
 std::string MessageInBox() {
   return Open<QMessageBox>()->text().toStdString();
+}
+bool BoxIsCentred() {
+  const QWidget& box = *Open<QMessageBox>();
+  const QPoint off = box.geometry().center() - box.screen()->availableGeometry().center();
+  return off.manhattanLength() < 100;  // Qt guesses the size of the frame
 }
 void AnswerBox() {
   QTest::keyClick(Open<QMessageBox>(), Qt::Key_Return);

@@ -21,7 +21,7 @@ constexpr std::pair<const char*, int> Ids[] = {
     {"Label2", IDC_Label2}, {"Line1", IDC_Line1},       {"Line2", IDC_Line2},     {"Line3", IDC_Line3},
     {"Line4", IDC_Line4},   {"Line5", IDC_Line5},       {"Line6", IDC_Line6},
 };
-constexpr int NameCombo = 0x47c, NameEdit = 0x480, BoxText = 0xffff;
+constexpr int NameCombo = 0x47c, NameEdit = 0x480, TypeCombo = 0x470, BoxText = 0xffff;
 
 PROCESS_INFORMATION program{};
 HWND form = nullptr, top = nullptr;  // top: the dialog or box before the form
@@ -98,8 +98,49 @@ HWND FocusedControl() {
   return info.hwndFocus;
 }
 
+// The area in the client area of the form.
+RECT AreaOf(HWND control) {
+  RECT area;
+  GetWindowRect(control, &area);
+  MapWindowPoints(nullptr, form, reinterpret_cast<POINT*>(&area), 2);
+  return area;
+}
+
+bool InSight(HWND control) {
+  const RECT area = AreaOf(control);
+  RECT client;
+  GetClientRect(form, &client);
+  return area.left >= 0 && area.top >= 0 && area.right <= client.right && area.bottom <= client.bottom;
+}
+
+std::string announced;  // the text of HintT at the last event for screen readers
+
+void CALLBACK Announce(HWINEVENTHOOK, DWORD, HWND control, LONG object, LONG, DWORD, DWORD) {
+  if (object == OBJID_CLIENT && GetDlgCtrlID(control) == IDC_HintT) announced = Text(control);
+}
+
+// Has Announce called for the events since the last call.
+void TakeEvents() {
+  MSG message;
+  while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) DispatchMessageW(&message);
+}
+
+std::string FlawOfForm() {
+  MONITORINFO screen{};
+  screen.cbSize = sizeof screen;
+  GetMonitorInfoW(MonitorFromWindow(form, MONITOR_DEFAULTTONEAREST), &screen);
+  RECT window, both;
+  GetWindowRect(form, &window);
+  UnionRect(&both, &window, &screen.rcWork);
+  return EqualRect(&both, &screen.rcWork) ? "" : "beyond the screen";
+}
+
 std::string Flaw(HWND control) {
+  if (control == FocusedControl() && !InSight(control)) return "out of sight";
   if (GetDlgCtrlID(control) != IDC_HintT) return "";
+  if (Text(GetWindow(control, GW_HWNDPREV)) != "Hint") return "without its name";
+  static const std::string textAtStart = Text(control);
+  if (Text(control) != textAtStart && Text(control) != announced) return "unannounced";
   if ((GetWindowLongPtrW(control, GWL_STYLE) & ES_READONLY) == 0) return "editable";
   const auto topOf = [control](LRESULT line) {
     const LRESULT first = SendMessageW(control, EM_LINEINDEX, static_cast<WPARAM>(line), 0);
@@ -138,6 +179,7 @@ void GiveUp() {
 }
 
 std::vector<Control> Controls() {
+  TakeEvents();
   std::vector<std::pair<LONG, HWND>> byHeight;
   for (HWND control = GetWindow(form, GW_CHILD); control != nullptr; control = GetWindow(control, GW_HWNDNEXT)) {
     RECT area;
@@ -145,7 +187,7 @@ std::vector<Control> Controls() {
     byHeight.emplace_back(area.top, control);
   }
   std::ranges::sort(byHeight);
-  std::vector<Control> all{{"Mission", Text(form), ""}};
+  std::vector<Control> all{{"Mission", Text(form), FlawOfForm()}};
   for (const auto& [height, control] : byHeight) {
     const std::string name = NameOf(control);
     all.push_back({name, name.starts_with("Line") ? "" : Text(control), Flaw(control)});  // a rule shows no text
@@ -158,8 +200,15 @@ std::string TextOf(const std::string& control) {
 bool IsEnabled(const std::string& control) {
   return IsWindowEnabled(Find(control));
 }
+bool IsInSight(const std::string& control) {
+  return InSight(Find(control));
+}
 std::string Focused() {
   return NameOf(FocusedControl());
+}
+void TurnWheel(bool down) {
+  PostMessageW(FocusedControl(), WM_MOUSEWHEEL, MAKEWPARAM(0, static_cast<WORD>(down ? -WHEEL_DELTA : WHEEL_DELTA)), 0);
+  Settle();
 }
 void Press(const std::string& control) {
   PostMessageW(Find(control), BM_CLICK, 0, 0);
@@ -176,7 +225,7 @@ void PressKey(const std::string& key) {
 }
 
 std::string NameInDialog() {
-  return Text(NameField());
+  return Text(NameField()) + (Text(GetDlgItem(top, TypeCombo)).empty() ? "] without a type" : "");
 }
 void AnswerDialog(const std::string& name) {
   std::wstring wide(name.size() + 1, L'\0');
@@ -190,6 +239,16 @@ void CancelDialog() {
 }
 std::string MessageInBox() {
   return Text(GetDlgItem(top, BoxText));
+}
+bool BoxIsCentred() {
+  MONITORINFO screen{};
+  screen.cbSize = sizeof screen;
+  GetMonitorInfoW(MonitorFromWindow(top, MONITOR_DEFAULTTONEAREST), &screen);
+  RECT box;
+  GetWindowRect(top, &box);
+  const LONG right = box.left + box.right - screen.rcWork.left - screen.rcWork.right;
+  const LONG down = box.top + box.bottom - screen.rcWork.top - screen.rcWork.bottom;
+  return std::abs(right) + std::abs(down) < 100;
 }
 void AnswerBox() {
   Leave(GetDlgItem(top, IDOK) != nullptr ? IDOK : IDCANCEL);
@@ -206,7 +265,10 @@ int main(int count, char** arguments) {
   start.cb = sizeof start;
   if (!CreateProcessA(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start, &program))
     return 2;
+  SetWinEventHook(EVENT_OBJECT_VALUECHANGE, EVENT_OBJECT_VALUECHANGE, nullptr, Announce, program.dwProcessId, 0,
+                  WINEVENT_OUTOFCONTEXT);
   while (true) {
+    TakeEvents();
     Step();
     Sleep(2);
   }

@@ -12,6 +12,7 @@
 #include "platform/platform.h"
 #include "window/captions.h"
 #include "window/console/terminal.h"
+#include "window/dll_search.h"
 #include "window/events.h"
 
 namespace velmoran {
@@ -136,6 +137,7 @@ void EndProgram(bool failed) {
 
 int main() {
   using namespace velmoran;
+  LoadDllsFromSystemOnly();
   BeginTerminal();
   static RunState run;
   form.run = &run;

@@ -1,9 +1,12 @@
-// The form as a Qt window. Every control bears its name as its object name.
+// The form as a Qt window. The object name of each control is its name in the form.
 
 #include <QApplication>
 #include <QFileDialog>
 #include <QFileIconProvider>
+#include <QFontDatabase>
 #include <QFrame>
+#include <QHeaderView>
+#include <QHelpEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
@@ -12,8 +15,15 @@
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QResource>
+#include <QScreen>
+#include <QScrollArea>
 #include <QSettings>
+#include <QStyle>
+#include <QTextLayout>
+#include <QToolTip>
+#include <QTreeView>
 #include <QVBoxLayout>
+#include <QtMath>
 #include <array>
 #include <cstdio>
 #include <cstdlib>
@@ -27,11 +37,21 @@ namespace velmoran {
 
 namespace {
 
-constexpr int Margin = 24, BandSpace = 14, LineSpace = 4;                            // in device-independent pixels
+constexpr int Margin = 24, BandSpace = 14, LineSpace = 4, LeastSpace = 3;            // in device-independent pixels
 constexpr int ButtonColumns = 28, HintColumns = 64, HintLines = 4, ButtonLines = 2;  // in characters of the system font
+constexpr int DialogColumns = 110, DialogLines = 32, LeastSection = 14, MostSection = 60;  // in the same
+constexpr int FocusWidth = 2;      // in device-independent pixels
 constexpr double TitleSize = 2.2;  // of Label1, in sizes of the system font
 
-// Shows its text shortened in the middle where it is wider than its place; text() is whole.
+// The size of the screen's work area without a window's frame, which is estimated: the window manager draws it later.
+QSize RoomFor(const QWidget& window) {
+  const int title = window.style()->pixelMetric(QStyle::PM_TitleBarHeight);
+  const int border = window.style()->pixelMetric(QStyle::PM_MdiSubWindowFrameWidth);
+  return window.screen()->availableSize() - QSize(2 * border, title + 2 * border);
+}
+
+// Shows its text shortened in the middle if the label is too narrow for it; the tool tip and text() have all of it. The
+// tip is not kept in toolTip(), which screen readers would read out after the text.
 class TargetLabel : public QLabel {
  public:
   QSize minimumSizeHint() const override { return {0, QLabel::minimumSizeHint().height()}; }
@@ -40,11 +60,90 @@ class TargetLabel : public QLabel {
   void paintEvent(QPaintEvent* /*event*/) override {
     QPainter(this).drawText(rect(), Qt::AlignCenter, fontMetrics().elidedText(text(), Qt::ElideMiddle, width()));
   }
+  bool event(QEvent* event) override {
+    if (event->type() != QEvent::ToolTip) return QLabel::event(event);
+    const QString breakable = text().toHtmlEscaped().replace("/", "/&#8203;");  // the tip breaks its lines there
+    QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(),
+                       "<p style='white-space:pre-wrap'>" + breakable + "</p>", this);
+    return true;
+  }
 };
 
-class MissionForm : public QWidget {
+// At least as high as its text at the width it has. A text box has no focus frame in most styles; this one does, in the
+// colour of text, so that it can be seen with any style and contrast.
+class HintBox : public QPlainTextEdit {
+ public:
+  HintBox() {
+    focusFrame.setFrameStyle(static_cast<int>(QFrame::Box) | static_cast<int>(QFrame::Plain));
+    focusFrame.setLineWidth(FocusWidth);
+    focusFrame.setAttribute(Qt::WA_TransparentForMouseEvents);
+    focusFrame.hide();
+  }
+  QSize sizeHint() const override { return Characters(HintColumns, HintLines + 1); }  // one line for the frame
+  QSize minimumSizeHint() const override { return Characters(ButtonColumns, 1); }
+  bool hasHeightForWidth() const override { return true; }
+  int heightForWidth(int width) const override {
+    const double frame = 2 * (frameWidth() + document()->documentMargin());
+    QTextLayout text(toPlainText(), font());
+    QTextOption option;
+    option.setWrapMode(wordWrapMode());
+    text.setTextOption(option);
+    text.beginLayout();
+    double height = frame + 1;  // one less and it would scroll
+    for (QTextLine line = text.createLine(); line.isValid(); line = text.createLine()) {
+      line.setLineWidth(width - frame);
+      height += line.height();
+    }
+    text.endLayout();
+    return qCeil(height);
+  }
+
+ protected:
+  void focusInEvent(QFocusEvent* event) override {
+    QPlainTextEdit::focusInEvent(event);
+    focusFrame.show();
+  }
+  void focusOutEvent(QFocusEvent* event) override {
+    QPlainTextEdit::focusOutEvent(event);
+    focusFrame.hide();
+  }
+  void resizeEvent(QResizeEvent* event) override {
+    QPlainTextEdit::resizeEvent(event);
+    focusFrame.resize(size());
+  }
+
+ private:
+  QFrame focusFrame{this};
+  QSize Characters(int columns, int lines) const {
+    return {columns * fontMetrics().averageCharWidth(), lines * fontMetrics().lineSpacing()};
+  }
+};
+
+// Space above or below a rule, or at the form's edge. It shrinks before the form scrolls.
+class Space : public QSpacerItem {
+ public:
+  explicit Space(int most) : QSpacerItem(0, most, QSizePolicy::Minimum, QSizePolicy::Maximum) {}
+  QSize minimumSize() const override { return {0, LeastSpace}; }
+};
+
+// All the controls. The form scrolls when it is lower than the least height of its bands.
+class Bands : public QWidget {
+ public:
+  int heightForWidth(int width) const override { return layout()->totalMinimumHeightForWidth(width); }
+};
+
+class MissionForm : public QScrollArea {
  public:
   explicit MissionForm(const RunState& state) : run(state) {}
+
+  // As large as its bands want to be, within the work area.
+  QSize sizeHint() const override { return widget()->layout()->sizeHint().boundedTo(RoomFor(*this)); }
+
+  // Scrolls until all of the control is seen. QScrollArea's own would do with the cursor of a text.
+  void ScrollTo(const QWidget& control) {
+    const QPoint centre = control.mapTo(widget(), control.rect().center());
+    ensureVisible(centre.x(), centre.y(), control.width() / 2 + LeastSpace, control.height() / 2 + LeastSpace);
+  }
 
  protected:
   void closeEvent(QCloseEvent* /*event*/) override { ExitB_Click(run); }
@@ -58,7 +157,7 @@ struct Form {
   MissionForm* window;
   std::array<QPushButton*, 5> buttons;  // by Button
   TargetLabel* target;
-  QPlainTextEdit* hint;
+  HintBox* hint;
 };
 Form form;
 
@@ -83,11 +182,16 @@ void BuildForm(RunState& run) {
   form.window = new MissionForm(run);
   form.window->setObjectName("Mission");
   form.window->setWindowTitle(ToQt(captions::Mission));
+  form.window->setFrameShape(QFrame::NoFrame);
+  form.window->setFocusPolicy(Qt::NoFocus);
+  form.window->setWidgetResizable(true);
   const int column = form.window->fontMetrics().averageCharWidth(), line = form.window->fontMetrics().lineSpacing();
 
-  auto* bands = new QVBoxLayout(form.window);
-  bands->setContentsMargins(Margin, Margin, Margin, Margin);
-  bands->setSpacing(BandSpace);
+  auto* content = new Bands;
+  auto* bands = new QVBoxLayout(content);
+  bands->setContentsMargins(Margin, 0, Margin, 0);
+  bands->setSpacing(0);
+  bands->addSpacerItem(new Space(Margin));
   QVBoxLayout* band = nullptr;
   int rules = 0;
   const auto beginBand = [&](int stretch = 0) {
@@ -95,7 +199,9 @@ void BuildForm(RunState& run) {
       auto* rule = new QFrame;
       rule->setFrameStyle(static_cast<int>(QFrame::HLine) | static_cast<int>(QFrame::Sunken));
       rule->setObjectName("Line" + QString::number(++rules));
+      bands->addSpacerItem(new Space(BandSpace));
       bands->addWidget(rule);
+      bands->addSpacerItem(new Space(BandSpace));
     }
     band = new QVBoxLayout;
     band->setSpacing(LineSpace);
@@ -121,6 +227,9 @@ void BuildForm(RunState& run) {
   beginBand();
   auto* title = new QLabel;
   QFont large = title->font();
+  large.setFamily("MS Sans Serif");  // or the system's substitute for it
+  const bool isBitmap = !QFontDatabase::isSmoothlyScalable(QFontInfo(large).family());
+  if (isBitmap) large.setFamily(title->font().family());
   large.setPointSizeF(QFontInfo(large).pointSizeF() * TitleSize);
   title->setFont(large);
   addLabel(title, "Label1", captions::Label1);
@@ -139,17 +248,22 @@ void BuildForm(RunState& run) {
   addButton(Button::WriteB, "WriteB", captions::WriteB);
 
   beginBand(1);
-  form.hint = new QPlainTextEdit;
+  form.hint = new HintBox;
   form.hint->setObjectName("HintT");
-  form.hint->setAccessibleName("HintT");
+  form.hint->setAccessibleName("Hint");
   form.hint->setReadOnly(true);
-  form.hint->setMinimumSize(HintColumns * column, (HintLines + 1) * line);  // one for the frame
-  form.hint->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+  form.hint->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   band->addWidget(form.hint);
 
   beginBand();
   addButton(Button::ExitB, "ExitB", captions::ExitB);
-  form.window->resize(form.window->minimumSizeHint());
+  bands->addSpacerItem(new Space(Margin));
+  form.window->setWidget(content);
+  QObject::connect(qApp, &QApplication::focusChanged, form.window, [](QWidget* /*before*/, QWidget* focus) {
+    const bool pressed = QApplication::mouseButtons() != Qt::NoButton;  // by the mouse: a button must not move then
+    if (!pressed && form.window->isAncestorOf(focus)) form.window->ScrollTo(*focus);
+  });
+  form.window->resize(form.window->sizeHint());
 }
 
 // Qt's own icons by the kind of a file would open each one that is listed, to guess its kind.
@@ -168,8 +282,17 @@ class FileDialog : public QFileDialog {
     setIconProvider(&icons);
     setAcceptMode(mode);
     setFileMode(AnyFile);
-    findChild<QWidget*>("fileTypeLabel")->hide();  // the pattern stands in the name field
+    findChild<QWidget*>("fileTypeLabel")->hide();  // the name field has the pattern
     findChild<QWidget*>("fileTypeCombo")->hide();
+    // Names that complete what was typed may pop up only after the folder has been left, and would take the next keys.
+    NameField().setCompleter(nullptr);
+    const int column = fontMetrics().averageCharWidth(), line = fontMetrics().lineSpacing();
+    auto& files = *findChild<QTreeView*>("treeView");
+    files.hideColumn(TypeColumn);  // which the icons show too
+    files.header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    files.header()->setMinimumSectionSize(LeastSection * column);
+    files.header()->setMaximumSectionSize(MostSection * column);
+    resize(QSize(DialogColumns * column, DialogLines * line).boundedTo(RoomFor(*this)));
     Begin(ToQt(directory), ToQt(fileName));
   }
 
@@ -190,6 +313,8 @@ class FileDialog : public QFileDialog {
   }
 
  private:
+  static constexpr int TypeColumn = 2;  // of QFileSystemModel
+
   QLineEdit& NameField() { return *findChild<QLineEdit*>("fileNameEdit"); }
   void Begin(const QString& directory, const QString& fileName) {
     begunWith = fileName;
@@ -222,18 +347,16 @@ void EnableButton(Button button, bool enabled) {
 }
 
 void SetHintText(std::string_view text) {
-  form.hint->setPlainText(ToQt(text));
+  form.hint->setPlainText(ToQt(text));  // of which Qt itself tells screen readers
+  form.hint->updateGeometry();
 }
 
 void SetTargetCaption(std::string_view text) {
   form.target->setText(ToQt(text));
-  form.target->setAccessibleDescription(ToQt(text));
-  const QString breakable = ToQt(text).toHtmlEscaped().replace("/", "/&#8203;");  // a tip breaks its line there
-  form.target->setToolTip("<p style='white-space:pre-wrap'>" + breakable + "</p>");
 }
 
 void ShowMessage(std::string_view text) {
-  QMessageBox box(form.window);
+  QMessageBox box(form.window->isVisible() ? form.window : nullptr);  // centred on it, or on the screen
   box.setWindowTitle(ToQt(captions::Label1));
   box.setTextFormat(Qt::PlainText);
   box.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);

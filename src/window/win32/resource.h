@@ -4,6 +4,10 @@
 #define IDI_Velmoran 1
 #define IDD_Mission 2
 
+// in dialog units
+#define FormWidth 280
+#define FormHeight 296
+
 #define IDC_OpenB 101
 #define IDC_MassageB 102
 #define IDC_ReportB 103

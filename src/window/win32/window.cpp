@@ -6,6 +6,7 @@
 #include <commctrl.h>
 #include <commdlg.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <memory>
 #include <string>
@@ -17,6 +18,7 @@
 #include "files/utf16.h"
 #include "platform/platform.h"
 #include "window/captions.h"
+#include "window/dll_search.h"
 #include "window/events.h"
 #include "window/win32/resource.h"
 
@@ -25,13 +27,17 @@ namespace velmoran {
 namespace {
 
 constexpr std::size_t TipColumns = 80;
-constexpr int TitlePercent = 220;     // the size of Label1, in hundredths of the system font's
+constexpr int TitlePercent = 220;  // the size of Label1, in hundredths of the system font's
+constexpr const wchar_t* TitleFaces[] = {L"MS Sans Serif", L"Microsoft Sans Serif"};  // the latter can be scaled
 constexpr int RuleHeight = 2;         // in pixels at any dpi: a rule draws no more, and erases nothing below
+constexpr int LeastSpace = 25;        // of the space between the controls before the form scrolls, in percent
+constexpr int ScrollLines = 3;        // lines of the system font by a click on the scroll bar's arrow
 constexpr DWORD LongestPath = 32768;  // in UTF-16 units, with the zero behind it
 
 struct Place {
   HWND control;
-  RECT area;  // in the client area
+  RECT area;    // in the client area
+  LONG spaces;  // above it: its own and those of the controls above
 };
 
 struct DeleteFont {
@@ -48,7 +54,11 @@ struct Form {
   // as the resource makes it
   int firstLetter;
   SIZE client;
-  std::vector<Place> places;
+  std::vector<Place> places;  // from top to bottom
+  LONG spaces;
+  // while the form is too low for all controls
+  int scrolled;  // in pixels
+  HWND shown;    // the last control to be scrolled to
 };
 Form form;
 
@@ -85,18 +95,52 @@ int DpiOf(HWND window) {
   return dpi;
 }
 
+int ScrollBarWidth() {
+  if (const auto metricForDpi = Newer<int WINAPI(int, UINT)>("GetSystemMetricsForDpi")) {
+    return metricForDpi(SM_CXVSCROLL, static_cast<UINT>(DpiOf(form.window)));
+  }
+  return GetSystemMetrics(SM_CXVSCROLL);
+}
+
 // A length of the form as the resource makes it, for the letters of the moment.
 int Scaled(LONG length) {
   return MulDiv(static_cast<int>(length), form.letter, form.firstLetter);
 }
 
-// The size of the window in which the client area is as large as the resource makes it.
-SIZE LeastSize() {
-  RECT window, client;
-  GetWindowRect(form.window, &window);
-  GetClientRect(form.window, &client);
-  const SIZE whole = SizeOf(window);
-  return {Scaled(form.client.cx) + whole.cx - client.right, Scaled(form.client.cy) + whole.cy - client.bottom};
+// The size of the window whose client area has this size.
+SIZE WindowSize(SIZE client) {
+  RECT whole, inside;
+  GetWindowRect(form.window, &whole);
+  GetClientRect(form.window, &inside);
+  const SIZE size = SizeOf(whole);
+  return {client.cx + size.cx - inside.right, client.cy + size.cy - inside.bottom};
+}
+
+// Moves the window, and makes it smaller if necessary, so that all of it is in the work area of its screen.
+void MoveIntoWorkArea(RECT window) {
+  MONITORINFO screen{};
+  screen.cbSize = sizeof screen;
+  GetMonitorInfoW(MonitorFromRect(&window, MONITOR_DEFAULTTONEAREST), &screen);
+  const SIZE size = SizeOf(window), room = SizeOf(screen.rcWork);
+  const LONG width = std::min(size.cx, room.cx), height = std::min(size.cy, room.cy);
+  const LONG x = std::clamp(window.left, screen.rcWork.left, screen.rcWork.right - width);
+  const LONG y = std::clamp(window.top, screen.rcWork.top, screen.rcWork.bottom - height);
+  SetWindowPos(form.window, nullptr, x, y, width, height, SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+bool IsScalable(const LOGFONTW& font) {
+  bool scalable = false;
+  const auto see = [](const LOGFONTW*, const TEXTMETRICW*, DWORD type, LPARAM found) -> int {
+    if ((type & TRUETYPE_FONTTYPE) != 0) *reinterpret_cast<bool*>(found) = true;
+    return TRUE;
+  };
+  LOGFONTW face{};
+  face.lfCharSet = DEFAULT_CHARSET;
+  std::copy(std::begin(font.lfFaceName), std::end(font.lfFaceName), face.lfFaceName);
+  const HDC screen = GetDC(nullptr);
+  EnumFontFamiliesExW(screen, &face, see, reinterpret_cast<LPARAM>(&scalable), 0);
+  ReleaseDC(nullptr, screen);
+  return scalable;
 }
 
 // Gives the controls the system font at the dpi.
@@ -112,6 +156,13 @@ void SetFonts(int dpi) {
   form.letter = std::abs(font.lfHeight);
   Font text(CreateFontIndirectW(&font));
   font.lfHeight = MulDiv(font.lfHeight, TitlePercent, 100);
+  for (const wchar_t* face : TitleFaces) {
+    LOGFONTW large = font;
+    lstrcpynW(large.lfFaceName, face, LF_FACESIZE);
+    if (!IsScalable(large)) continue;
+    font = large;
+    break;
+  }
   Font title(CreateFontIndirectW(&font));
   for (const Place& place : form.places) {
     const bool large = place.control == ControlOf(IDC_Label1);
@@ -121,22 +172,117 @@ void SetFonts(int dpi) {
   form.title = std::move(title);
 }
 
+// Gives HintT a width. Returns the height that all of its text needs then.
+int HintHeight(int width) {
+  const HWND hint = ControlOf(IDC_HintT);
+  RECT whole, text;
+  GetWindowRect(hint, &whole);
+  SetWindowPos(hint, nullptr, 0, 0, width, SizeOf(whole).cy, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOREDRAW);
+  SendMessageW(hint, EM_GETRECT, 0, reinterpret_cast<LPARAM>(&text));
+  const HDC screen = GetDC(hint);
+  const HGDIOBJ before = SelectObject(screen, form.text.get());
+  TEXTMETRICW metrics;
+  GetTextMetricsW(screen, &metrics);
+  SelectObject(screen, before);
+  ReleaseDC(hint, screen);
+  const auto lines = static_cast<int>(SendMessageW(hint, EM_GETLINECOUNT, 0, 0));
+  return lines * metrics.tmHeight + static_cast<int>(SizeOf(whole).cy - SizeOf(text).cy);
+}
+
+// How the controls give way in a client area that is smaller or larger than the resource makes it.
+struct Fit {
+  int wider, hintTaller;  // negative: narrower, less tall
+  int spaceLess;          // of all spaces together
+  int height;             // of all controls
+};
+Fit FitTo(LONG width, LONG height) {
+  const auto hint = std::ranges::find(form.places, IDC_HintT, [](const auto& p) { return GetDlgCtrlID(p.control); });
+  const SIZE usual = {Scaled(SizeOf(hint->area).cx), Scaled(SizeOf(hint->area).cy)};
+  Fit fit{};
+  fit.wider = static_cast<int>(width) - Scaled(form.client.cx);
+  fit.hintTaller = static_cast<int>(height) - Scaled(form.client.cy);
+  if (fit.hintTaller < 0 || fit.wider < 0) {
+    const int least = HintHeight(static_cast<int>(usual.cx) + fit.wider);
+    fit.hintTaller = std::max(fit.hintTaller, least - static_cast<int>(usual.cy));
+  }
+  const int missing = Scaled(form.client.cy) + fit.hintTaller - static_cast<int>(height);
+  fit.spaceLess = std::clamp(missing, 0, MulDiv(Scaled(form.spaces), 100 - LeastSpace, 100));
+  fit.height = Scaled(form.client.cy) + fit.hintTaller - fit.spaceLess;
+  return fit;
+}
+
 // Puts the controls where the form's size wants them: a button stays in the middle, everything else is as wide as the
-// form, and HintT takes the height that is left over.
+// form, and HintT takes the height that is left over. In a form that is too low for them HintT's spare lines go first,
+// then most of the space between the controls, and then the form scrolls.
 void Arrange() {
   RECT client;
   GetClientRect(form.window, &client);
-  const int wider = client.right - Scaled(form.client.cx), taller = client.bottom - Scaled(form.client.cy);
-  for (const auto& [control, area] : form.places) {
+  if ((GetWindowLongPtrW(form.window, GWL_STYLE) & WS_VSCROLL) != 0) client.right += ScrollBarWidth();
+  Fit fit = FitTo(client.right, client.bottom);
+  if (fit.height > client.bottom) fit = FitTo(client.right - ScrollBarWidth(), client.bottom);
+  form.scrolled = std::clamp(form.scrolled, 0, std::max(0, fit.height - static_cast<int>(client.bottom)));
+  for (const auto& [control, area, spaces] : form.places) {
     const int id = GetDlgCtrlID(control);
     const bool isButton = id >= IDC_OpenB && id <= IDC_ExitB, isRule = id >= IDC_Line1 && id <= IDC_Line6;
     const bool isBelowHint = id == IDC_Line6 || id == IDC_ExitB;
-    const int x = Scaled(area.left) + (isButton ? wider / 2 : 0), y = Scaled(area.top) + (isBelowHint ? taller : 0);
-    const int width = Scaled(SizeOf(area).cx) + (isButton ? 0 : wider);
-    const int height = isRule ? RuleHeight : Scaled(SizeOf(area).cy) + (id == IDC_HintT ? taller : 0);
+    const int higher = MulDiv(fit.spaceLess, static_cast<int>(spaces), static_cast<int>(form.spaces)) + form.scrolled;
+    const int x = Scaled(area.left) + (isButton ? fit.wider / 2 : 0);
+    const int y = Scaled(area.top) + (isBelowHint ? fit.hintTaller : 0) - higher;
+    const int width = Scaled(SizeOf(area).cx) + (isButton ? 0 : fit.wider);
+    const int height = isRule ? RuleHeight : Scaled(SizeOf(area).cy) + (id == IDC_HintT ? fit.hintTaller : 0);
     SetWindowPos(control, nullptr, x, y, width, height, SWP_NOZORDER | SWP_NOACTIVATE);
   }
+  SCROLLINFO bar{};
+  bar.cbSize = sizeof bar;
+  bar.fMask = SIF_RANGE | SIF_PAGE | SIF_POS;
+  bar.nMax = fit.height - 1;
+  bar.nPage = static_cast<UINT>(client.bottom);  // a bar whose page holds all is hidden
+  bar.nPos = form.scrolled;
+  SetScrollInfo(form.window, SB_VERT, &bar, TRUE);
   RedrawWindow(form.window, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+}
+
+void ScrollTo(int position) {
+  form.scrolled = position;
+  Arrange();
+}
+
+// What a press of the scroll bar or of a key asks for.
+void Scroll(WORD request) {
+  SCROLLINFO bar{};
+  bar.cbSize = sizeof bar;
+  bar.fMask = SIF_PAGE | SIF_TRACKPOS;
+  GetScrollInfo(form.window, SB_VERT, &bar);
+  const int line = ScrollLines * form.letter, page = static_cast<int>(bar.nPage);
+  switch (request) {
+    case SB_LINEUP:
+      return ScrollTo(form.scrolled - line);
+    case SB_LINEDOWN:
+      return ScrollTo(form.scrolled + line);
+    case SB_PAGEUP:
+      return ScrollTo(form.scrolled - page);
+    case SB_PAGEDOWN:
+      return ScrollTo(form.scrolled + page);
+    case SB_THUMBTRACK:
+    case SB_THUMBPOSITION:
+      return ScrollTo(bar.nTrackPos);
+    default:
+      return;
+  }
+}
+
+// Scrolls to the control that has the focus, unless the user scrolled away from it, or is pressing it with the mouse.
+void ShowFocus() {
+  const HWND focus = GetFocus();
+  if (focus == form.shown || !IsChild(form.window, focus) || GetCapture() != nullptr) return;
+  form.shown = focus;
+  RECT client, area;
+  GetClientRect(form.window, &client);
+  GetWindowRect(focus, &area);
+  MapWindowPoints(nullptr, form.window, reinterpret_cast<POINT*>(&area), 2);
+  const int below = static_cast<int>(std::max(0L, area.bottom - client.bottom));
+  const int above = static_cast<int>(std::max(0L, below - area.top));
+  if (above > 0 || below > 0) ScrollTo(form.scrolled + below - above);
 }
 
 // Shows the whole of ltarget's caption in its tool tip, for the eye sees a long one shortened in the middle.
@@ -171,17 +317,19 @@ void BeginForm(HWND window) {
   LOGFONTW font;
   GetObjectW(reinterpret_cast<HGDIOBJ>(SendMessageW(window, WM_GETFONT, 0, 0)), sizeof font, &font);
   form.firstLetter = std::abs(font.lfHeight);
-  RECT area;
-  GetClientRect(window, &area);
+  RECT area{0, 0, FormWidth, FormHeight};
+  MapDialogRect(window, &area);  // the window itself is no larger than the screen
   form.client = SizeOf(area);
+  LONG bottom = 0;
   for (HWND control = GetWindow(window, GW_CHILD); control != nullptr; control = GetWindow(control, GW_HWNDNEXT)) {
     GetWindowRect(control, &area);
     MapWindowPoints(nullptr, window, reinterpret_cast<POINT*>(&area), 2);
-    form.places.push_back({control, area});
+    form.spaces += area.top - bottom;
+    bottom = area.bottom;
+    form.places.push_back({control, area, form.spaces});
   }
+  form.spaces += form.client.cy - bottom;
   SetFonts(DpiOf(window));
-  const SIZE least = LeastSize();
-  SetWindowPos(window, nullptr, 0, 0, least.cx, least.cy, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
 
   SetWindowTextW(window, ToUtf16(captions::Mission).c_str());
   SetText(IDC_Label1, captions::Label1);
@@ -192,6 +340,9 @@ void BeginForm(HWND window) {
   SetText(IDC_ReportB, captions::ReportB);
   SetText(IDC_WriteB, captions::WriteB);
   SetText(IDC_ExitB, captions::ExitB);
+  GetWindowRect(window, &area);
+  const SIZE size = WindowSize({Scaled(form.client.cx), Scaled(form.client.cy)});
+  MoveIntoWorkArea({area.left, area.top, area.left + size.cx, area.top + size.cy});
   form.tip = CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_NOPREFIX | TTS_ALWAYSTIP, 0, 0, 0,
                              0, window, nullptr, nullptr, nullptr);
   SendMessageW(window, WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(IconOf(SM_CXICON, SM_CYICON)));
@@ -221,19 +372,25 @@ INT_PTR CALLBACK FormEvent(HWND window, UINT message, WPARAM word, LPARAM value)
     case WM_CLOSE:
       ExitB_Click(*form.run);  // doesn't return
     case WM_SIZE:
-      if (word != SIZE_MINIMIZED) Arrange();
+      if (word != SIZE_MINIMIZED && !form.places.empty()) Arrange();
       return TRUE;
     case WM_GETMINMAXINFO:
-      if (form.letter != 0) {
-        const SIZE least = LeastSize();
+      if (!form.places.empty()) {  // room for a button and the margins beside it
+        const SIZE button = SizeOf(form.places.back().area);
+        const LONG margin = form.places.front().area.left;
+        const SIZE least = WindowSize({Scaled(button.cx + 2 * margin), Scaled(button.cy)});
         reinterpret_cast<MINMAXINFO*>(value)->ptMinTrackSize = {least.cx, least.cy};
       }
       return TRUE;
+    case WM_VSCROLL:
+      Scroll(LOWORD(word));
+      return TRUE;
+    case WM_MOUSEWHEEL:
+      ScrollTo(form.scrolled - MulDiv(GET_WHEEL_DELTA_WPARAM(word), ScrollLines * form.letter, WHEEL_DELTA));
+      return TRUE;
     case WM_DPICHANGED: {
       SetFonts(HIWORD(word));
-      const RECT& area = *reinterpret_cast<const RECT*>(value);
-      const SIZE size = SizeOf(area);
-      SetWindowPos(window, nullptr, area.left, area.top, size.cx, size.cy, SWP_NOZORDER | SWP_NOACTIVATE);
+      MoveIntoWorkArea(*reinterpret_cast<const RECT*>(value));
       Arrange();  // also where the size stays
       return TRUE;
     }
@@ -246,13 +403,16 @@ INT_PTR CALLBACK FormEvent(HWND window, UINT message, WPARAM word, LPARAM value)
 // that is a pattern.
 std::string Ask(BOOL(WINAPI* show)(OPENFILENAMEW*), std::string_view directory, std::string_view fileName) {
   const std::wstring before = ToUtf16(CurrentDirectory());
-  const std::wstring folder = ToUtf16(directory), name = ToUtf16(fileName), filter = name + L'\0' + name + L'\0';
+  const std::wstring folder = ToUtf16(directory), name = ToUtf16(fileName);
+  const bool isPattern = name.find(L'*') != std::wstring::npos;
+  const std::wstring listed = isPattern ? name : L"*.*",
+                     filter = (isPattern ? name : L"All files") + L'\0' + listed + L'\0';
   std::wstring path = folder + L"\\" + name;
   path.resize(LongestPath);
   OPENFILENAMEW dialog{};
   dialog.lStructSize = sizeof dialog;
   dialog.hwndOwner = form.window;
-  if (name.find(L'*') != std::wstring::npos) dialog.lpstrFilter = filter.c_str();
+  dialog.lpstrFilter = filter.c_str();
   dialog.lpstrFile = path.data();
   dialog.nMaxFile = LongestPath;
   dialog.Flags = OFN_EXPLORER | OFN_NOCHANGEDIR | OFN_HIDEREADONLY | OFN_DONTADDTORECENT;
@@ -282,6 +442,8 @@ void EnableButton(Button button, bool enabled) {
 
 void SetHintText(std::string_view text) {
   SetText(IDC_HintT, text);
+  Arrange();  // a low form makes room for it
+  NotifyWinEvent(EVENT_OBJECT_VALUECHANGE, ControlOf(IDC_HintT), OBJID_CLIENT, CHILDID_SELF);  // for screen readers
 }
 
 void SetTargetCaption(std::string_view text) {
@@ -302,6 +464,7 @@ void EndProgram(bool failed) {
 
 int WINAPI wWinMain(HINSTANCE instance, HINSTANCE /*before*/, PWSTR /*commandLine*/, int show) {
   using namespace velmoran;
+  LoadDllsFromSystemOnly();
   const INITCOMMONCONTROLSEX classes{sizeof classes, ICC_STANDARD_CLASSES | ICC_BAR_CLASSES};
   InitCommonControlsEx(&classes);
   const auto run = std::make_unique<RunState>();
@@ -315,9 +478,15 @@ int WINAPI wWinMain(HINSTANCE instance, HINSTANCE /*before*/, PWSTR /*commandLin
   while (GetMessageW(&message, nullptr, 0, 0) > 0) {
     // In a text of several lines Escape would close the form.
     if (message.message == WM_KEYDOWN && message.wParam == VK_ESCAPE) continue;
-    if (IsDialogMessageW(form.window, &message)) continue;
-    TranslateMessage(&message);
-    DispatchMessageW(&message);
+    // The form scrolls, no matter which control has the focus or is under the mouse.
+    if (message.message == WM_MOUSEWHEEL && IsChild(form.window, message.hwnd)) message.hwnd = form.window;
+    if (message.message == WM_KEYDOWN && message.wParam == VK_PRIOR) Scroll(SB_PAGEUP);
+    if (message.message == WM_KEYDOWN && message.wParam == VK_NEXT) Scroll(SB_PAGEDOWN);
+    if (!IsDialogMessageW(form.window, &message)) {
+      TranslateMessage(&message);
+      DispatchMessageW(&message);
+    }
+    ShowFocus();
   }
   return EXIT_SUCCESS;
 }

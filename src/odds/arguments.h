@@ -1,0 +1,40 @@
+// The command line of velmoran-odds.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "state/types.h"
+
+namespace velmoran {
+
+inline constexpr std::string_view Help =
+    "velmoran-odds [--massages N] [--csv FILE] [MISSION_FILE]\n"
+    "\n"
+    "Massages copies of a plan in memory and prints what comes out: first as the\n"
+    "button Massage File will do it, then N times with other draws. Run it in\n"
+    "Velmoran's folder. It never writes to the mission file.\n"
+    "\n"
+    "  --massages N  how many massages, 1 to 100000; 1000 unless given\n"
+    "  --csv FILE    also writes one line for each massage to this file\n"
+    "  --help        prints this text\n"
+    "  --version     prints the version\n"
+    "\n"
+    "Without MISSION_FILE (campgn??.mis) it asks for one.\n";
+
+struct Arguments {
+  bool help = false, version = false;  // then nothing else counts
+  Long massages = 1000;                // 1 to 100000
+  std::string csv, mission;            // paths; empty if not given
+};
+
+// A text that says in one line what is wrong.
+struct WrongArgument {
+  std::string reason;
+};
+
+// Reads the arguments after the program's name. Throws WrongArgument.
+Arguments ReadArguments(const std::vector<std::string>& given);
+
+}  // namespace velmoran

@@ -1,0 +1,19 @@
+// What velmoran-odds prints and stores of the massages. Numbers don't depend on a locale or a system.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "odds/simulate.h"
+
+namespace velmoran {
+
+// The whole output, lines of at most 80 columns that end in "\n". Means are rounded to the nearest tenth; percentiles
+// go by nearest rank. Both are over the complete massages with a seed.
+std::string Summary(const RunState& opened, const Massages& massages, const std::vector<std::string>& warnings);
+
+// A heading, then one line for each massage in order; lines end in "\n". A field that the massage or the plan doesn't
+// have is empty.
+std::string Csv(const RunState& opened, const Massages& massages);
+
+}  // namespace velmoran
