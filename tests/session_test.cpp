@@ -81,8 +81,9 @@ TEST_F(SessionTest, WriteWithoutMemoryChangesNothing) {
   largestBlock = 4096;
   const Messages shown = Press(WriteB_Click);
   largestBlock = SIZE_MAX;
-  EXPECT_EQ(shown, Messages{"Error # 7 Not enough memory. No file was changed. The massaged flights are kept: close other "
-                            "programs, and press Write again before you exit."});
+  EXPECT_EQ(shown,
+            Messages{"Error # 7 Not enough memory. No file was changed. The massaged flights are kept: close other "
+                     "programs, and press Write again before you exit."});
   EXPECT_EQ(Read(mis), sound);
   EXPECT_EQ(Press(WriteB_Click), Messages{});
 }
