@@ -1,4 +1,5 @@
 // Whole runs on the sample: states, hints, files.
+#include <cstdint>
 #include <cstdlib>
 #include <new>
 
@@ -11,12 +12,13 @@ namespace {
 
 bool counting = false;
 long allocations = 0;
+std::size_t largestBlock = SIZE_MAX;  // in bytes: there is no memory for a larger one
 
 }  // namespace
 
 void* operator new(std::size_t size) {
   if (counting) ++allocations;
-  if (void* memory = std::malloc(size)) return memory;
+  if (void* memory = size > largestBlock ? nullptr : std::malloc(size)) return memory;
   throw std::bad_alloc();
 }
 void operator delete(void* memory) noexcept { std::free(memory); }
@@ -72,6 +74,18 @@ TEST_F(SessionTest, WholeRun) {
   ASSERT_EQ((Load(), Open("../campaign/campgn02.mis")), Messages{});  // the largest plan
   EXPECT_EQ((Press(MassageB_Click), Press(WriteB_Click)), Messages{});
   EXPECT_EQ(Digest(Read(root / "campaign/campgn02.mis")), 5767796093158233986U);
+}
+
+TEST_F(SessionTest, WriteWithoutMemoryChangesNothing) {
+  ASSERT_EQ(MassageOf(sound), Messages{});
+  largestBlock = 4096;
+  const Messages shown = Press(WriteB_Click);
+  largestBlock = SIZE_MAX;
+  EXPECT_EQ(shown,
+            Messages{"Error # 7 Not enough memory. No file was changed. The massaged flights are kept: close other "
+                     "programs, and press Write again before you exit."});
+  EXPECT_EQ(Read(mis), sound);
+  EXPECT_EQ(Press(WriteB_Click), Messages{});
 }
 
 TEST_F(SessionTest, FullListOfLostFlightsEndsTheProgram) {

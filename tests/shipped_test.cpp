@@ -260,11 +260,7 @@ TEST_F(CampaignFolder, ConsoleReportsThatMemoryRunsOut) {
   EXPECT_NE(fails("report\nlarge.txt\n", ": the report is missing or incomplete.").find("File opened"), Bytes::npos);
   EXPECT_GT(fs::file_size("large.txt"), 1000000);
   program.Do("massage\n");
-  const Bytes before = Read(large);
-  program.Limit(RLIMIT_AS, program.AddressSpace());
-  EXPECT_NE(program.Do("write\n").find("Error # 7 Not enough memory. No file was changed."), Bytes::npos);
-  EXPECT_EQ(Read(large), before);
-  program.Limit(RLIMIT_AS, RLIM_INFINITY);
+  program.Limit(RLIMIT_AS, program.AddressSpace());  // Write needs no more than Open had
   EXPECT_NE(program.Do("write\n").find("Write complete"), Bytes::npos);
 }
 

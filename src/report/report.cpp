@@ -25,37 +25,56 @@ struct Joined {  // a number without spaces
 };
 struct Zone {};  // spaces up to the next multiple of ZoneWidth
 
-// Composes the report line by line from texts and numbers.
+// Composes the report line by line from texts and numbers, each written straight to its place.
 class ReportText {
  public:
   explicit ReportText(std::size_t expected) { text_.reserve(expected); }
 
   template <class... Items>
   void Line(const Items&... items) {
-    lineStart_ = text_.size();
+    MakeRoom((MostCharacters(items) + ... + LineEnd.size()));
+    end_ = text_.data() + length_;
     (Put(items), ...);
-    text_ += "\r\n";
+    Put(LineEnd);
+    length_ = static_cast<std::size_t>(end_ - text_.data());
   }
   void BlankLine() { Line(" "); }  // Quirk 69: one space.
 
-  std::string Take() { return std::move(text_); }
+  std::string Take() {
+    text_.resize(length_);
+    return std::move(text_);
+  }
 
  private:
-  void Put(std::string_view text) { text_ += text; }
-  void Put(Joined joined) {
-    std::array<char, 12> digits;
-    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), joined.number).ptr;
-    text_.append(digits.data(), end);
-  }
-  void Put(Printed printed) {
-    if (printed.number >= 0) text_ += ' ';
-    Put(Joined{printed.number});
-    text_ += ' ';
-  }
-  void Put(Zone) { text_.append(ZoneWidth - (text_.size() - lineStart_) % ZoneWidth, ' '); }
+  static constexpr std::string_view LineEnd = "\r\n";
+  static constexpr std::size_t MostDigits = 11;  // of a Long, with its sign
 
-  std::string text_;
-  std::size_t lineStart_ = 0;
+  // Grows in large steps, since the new room is filled with zeros.
+  void MakeRoom(std::size_t line) {
+    constexpr std::size_t Step = 65536;
+    if (text_.size() - length_ < line) text_.resize(length_ + line + Step);
+  }
+
+  static std::size_t MostCharacters(std::string_view text) { return text.size(); }
+  static std::size_t MostCharacters(Joined) { return MostDigits; }
+  static std::size_t MostCharacters(Printed) { return MostDigits + 2; }
+  static std::size_t MostCharacters(Zone) { return ZoneWidth; }
+
+  void Put(std::string_view text) { end_ = std::ranges::copy(text, end_).out; }
+  void Put(Joined joined) { end_ = std::to_chars(end_, end_ + MostDigits, joined.number).ptr; }
+  void Put(Printed printed) {
+    if (printed.number >= 0) *end_++ = ' ';
+    Put(Joined{printed.number});
+    *end_++ = ' ';
+  }
+  void Put(Zone) {
+    const auto column = static_cast<std::size_t>(end_ - text_.data()) - length_;
+    end_ = std::fill_n(end_, ZoneWidth - column % ZoneWidth, ' ');
+  }
+
+  std::string text_;        // with room at its end
+  std::size_t length_ = 0;  // of the lines composed
+  char* end_ = nullptr;     // of the line being composed
 };
 
 void PutWaypoint(ReportText& text, const WaypointRec& waypoint, Long k) {

@@ -6,7 +6,8 @@
 
 namespace velmoran {
 
-// Makes a broken pipe an error of WriteLine instead of the end of the program.
+// Prepares the process: a broken pipe is an error of WriteLine instead of the end of the program, and freed memory is
+// kept for later use.
 void BeginTerminal();
 
 // Whether standard input is a terminal.

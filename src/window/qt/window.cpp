@@ -14,6 +14,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRegularExpression>
+#include <QResource>
 #include <QScreen>
 #include <QScrollArea>
 #include <QSettings>
@@ -378,6 +379,13 @@ void EndWithoutDisplay(QtMsgType type, const QMessageLogContext& /*context*/, co
   std::_Exit(EXIT_FAILURE);
 }
 
+// The program's icon, from raw pixels: to read an image file, Qt would first load its plugins for other formats.
+QIcon Icon() {
+  constexpr int Size = 64;  // in pixels, as tools/icon makes it
+  const QResource pixels(":/velmoran.rgba");
+  return QPixmap::fromImage(QImage(pixels.data(), Size, Size, QImage::Format_RGBA8888));
+}
+
 }  // namespace
 
 int main(int /*argc*/, char** argv) {
@@ -387,7 +395,7 @@ int main(int /*argc*/, char** argv) {
   const QtMessageHandler usual = qInstallMessageHandler(EndWithoutDisplay);
   const QApplication application(nameAlone, argv);
   qInstallMessageHandler(usual);
-  QApplication::setWindowIcon(QIcon(":/velmoran.png"));
+  QApplication::setWindowIcon(Icon());
   QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, "/dev/null");  // Qt's dialog keeps nothing either
 
   const auto run = std::make_unique<RunState>();
