@@ -51,7 +51,7 @@ class CampaignFolder : public testing::Test {
   CampaignFolder() {
     std::filesystem::copy(VELMORAN_SAMPLE, root, std::filesystem::copy_options::recursive);
     std::filesystem::current_path(root / "velmoran");
-    sound = Read(mis);
+    intact = Read(mis);
   }
   ~CampaignFolder() override {
     std::filesystem::current_path(std::filesystem::temp_directory_path());
@@ -83,20 +83,27 @@ class CampaignFolder : public testing::Test {
     EXPECT_EQ((Load(), Open()), Messages{});
     return Press(velmoran::MassageB_Click);
   }
-  // What a program prints for the commands typed, and whether its exit status is 0.
-  struct Said {
-    Bytes text;
-    bool succeeded;
-    bool operator==(const Said&) const = default;
-    friend std::ostream& operator<<(std::ostream& out, const Said& said) { return out << said.text << said.succeeded; }
-  };
-  static Said Run(const std::string& program, const Bytes& typed) {
-    Write("typed", typed);
-    const bool succeeded = std::system(("\"" + program + "\" <typed >said").c_str()) == 0;
-    return {std::regex_replace(Read("said"), std::regex("\r"), ""), succeeded};
+  // The exit status of a shell command.
+  static int Status(const std::string& command) {
+    const int result = std::system(command.c_str());
+    return result > 255 ? result / 256 : result;
   }
-  static Said Console(const Bytes& typed) { return Run(VELMORAN_CONSOLE, typed); }
-  static Said Window(const Bytes& typed) { return Run(VELMORAN_DRIVER, typed); }
+  // What a program prints for the lines typed, and its exit status.
+  struct Output {
+    Bytes text, errors;
+    int status;
+    bool operator==(const Output&) const = default;
+    friend std::ostream& operator<<(std::ostream& out, const Output& output) {
+      return out << output.text << output.errors << "status " << output.status;
+    }
+  };
+  static Output Run(const std::string& command, const Bytes& typed) {
+    Write("typed", typed);
+    const int status = Status(command + " <typed >output 2>errors");
+    return {std::regex_replace(Read("output"), std::regex("\r"), ""), Read("errors"), status};
+  }
+  static Output Console(const Bytes& typed) { return Run("\"" VELMORAN_CONSOLE "\"", typed); }
+  static Output Window(const Bytes& typed) { return Run("\"" VELMORAN_DRIVER "\"", typed); }
 
   Bytes Composed() const {
     const std::vector<velmoran::Byte> image = velmoran::ComposeMissionImage(*state);
@@ -108,6 +115,6 @@ class CampaignFolder : public testing::Test {
   const std::filesystem::path ini = root / "velmoran/Velmoran.ini", txt = root / "data/simpatch/Velmoran.txt",
                               roster = root / "data/simpatch/squadron.dat", mis = root / "campaign/campgn01.mis",
                               dat = root / "campaign/campgn01.dat";
-  Bytes sound;  // the mission file
+  Bytes intact;  // the mission file
   std::unique_ptr<velmoran::RunState> state = std::make_unique<velmoran::RunState>();
 };

@@ -93,7 +93,7 @@ TEST_P(FaultsTest, IsReported) {
   const std::map<std::string, std::filesystem::path> paths{
       {"ini", ini}, {"txt", txt}, {"roster", roster}, {"mis", mis}, {"dat", dat}};
   const std::filesystem::path path = paths.at(file);
-  const Bytes intact = Read(path), faulty = change == "remove" ? "" : Changed(intact, change);
+  const Bytes original = Read(path), faulty = change == "remove" ? "" : Changed(original, change);
   change == "remove" ? void(std::filesystem::remove(path)) : ::Write(path, faulty);
 
   if (event == "load") {
@@ -112,9 +112,9 @@ TEST_P(FaultsTest, IsReported) {
   }
   EXPECT_EQ(Read(path), faulty);
   if (event == "open") {
-    ::Write(path, intact);
+    ::Write(path, original);
     EXPECT_EQ(Open(), Messages{});
-    EXPECT_TRUE(Composed() == sound);
+    EXPECT_TRUE(Composed() == intact);
   }
 }
 

@@ -75,9 +75,9 @@ TEST_F(FilesTest, RosterNamesNationsAndTheLastOfTwo) {
 }
 
 TEST_F(FilesTest, CampaignPeriodsAndControlWords) {
-  const Bytes intact = Read(dat);
+  const Bytes campaign = Read(dat);
   const auto periodOn = [&](std::int64_t day) {
-    ::Write(dat, Poked(intact, 3200, 2420496 + day));
+    ::Write(dat, Poked(campaign, 3200, 2420496 + day));
     EXPECT_EQ((Load(), Open()), Messages{});
     return state->WarPeriod;
   };
@@ -88,7 +88,7 @@ TEST_F(FilesTest, CampaignPeriodsAndControlWords) {
   }
   EXPECT_EQ(periodOn(-2147483648LL - 2420496), 0);
   // The sample's lists have 2 and 3 entries, so the second control word stands 80 bytes further on.
-  ::Write(dat, Poked(Poked(intact, 3216, -1, 2), 3460, 0x12340003));
+  ::Write(dat, Poked(Poked(campaign, 3216, -1, 2), 3460, 0x12340003));
   EXPECT_EQ((Load(), Open()), Messages{});
   EXPECT_EQ(Join(std::vector{state->TypeOddsGate, state->ShiftAxis}), "-1,3");
   for (const auto& path : {mis, dat}) ::Write(path, "short");

@@ -56,7 +56,7 @@ TEST_F(SessionTest, WholeRun) {
   EXPECT_EQ(allocations, 0);
   Press(ReportB_Click, "after.txt");
   EXPECT_EQ(FirstDifference(Read("after.txt"), Read(VELMORAN_TEST_DATA "/massaged.txt")), "");
-  EXPECT_EQ(Read(mis), sound);  // until Write is pressed
+  EXPECT_EQ(Read(mis), intact);  // until Write is pressed
   EXPECT_EQ(Press(WriteB_Click), Messages{});
   EXPECT_EQ(Digest(Read(mis)), 12810071853802326708U);
   Press(ReportB_Click);  // Cancel: under the name offered
@@ -93,32 +93,32 @@ TEST_F(SessionTest, OpenIsCancelledByItsPatternAndByAnEmptyName) {
 }
 
 TEST_F(SessionTest, PlansWithoutFlightsAndWithoutThePlayer) {
-  EXPECT_EQ(MassageOf(Poked(Poked(sound, 13, 0), 8, -99)), Messages{});
+  EXPECT_EQ(MassageOf(Poked(Poked(intact, 13, 0), 8, -99)), Messages{});
   EXPECT_EQ(Press(WriteB_Click), Messages{});
-  EXPECT_EQ(Read(mis), Poked(Poked(sound.substr(0, 17), 13, 0), 8, -99));
-  EXPECT_EQ(MassageOf(Poked(Poked(sound, 13, 1), 8, 200)), Messages{});  // a row that isn't loaded, of squadron 0
+  EXPECT_EQ(Read(mis), Poked(Poked(intact.substr(0, 17), 13, 0), 8, -99));
+  EXPECT_EQ(MassageOf(Poked(Poked(intact, 13, 1), 8, 200)), Messages{});  // a row that isn't loaded, of squadron 0
   EXPECT_EQ(state->PlayerFlight, 200);
 }
 
 TEST_F(SessionTest, MessagesOfTheMassage) {
-  const std::size_t escort = sound.find(Bytes("\7\0\0\0\5\0\0\0", 8));  // flight 7 of squadron 5
-  EXPECT_EQ(MassageOf(Poked(sound, escort + 216, 4)), Messages{"Error: Escort flight not found : 2"});
+  const std::size_t escort = intact.find(Bytes("\7\0\0\0\5\0\0\0", 8));  // flight 7 of squadron 5
+  EXPECT_EQ(MassageOf(Poked(intact, escort + 216, 4)), Messages{"Error: Escort flight not found : 2"});
   EXPECT_EQ(fakes::form.buttons, "--RWE");  // and it went on
 }
 
 TEST_F(SessionTest, ConsoleTranscript) {
   EXPECT_EQ(Console("\n \t \nMassage\nopen\n\n\topen \n../campaign/nothing.mis\nOPEN\r\n../campaign/campgn01.mis\r\n"
                     "help me\nreport\n\nmassage\nwrite\nexit\nopen\n"),
-            (Said{Replaced(Read(VELMORAN_TEST_DATA "/console.txt"), "NOTHING", Native(root / "campaign/nothing.mis")),
-                  true}));
+            (Output{Replaced(Read(VELMORAN_TEST_DATA "/console.txt"), "NOTHING", Native(root / "campaign/nothing.mis")),
+                    "", 0}));
   EXPECT_TRUE(std::filesystem::remove("MissionReport.txt"));
-  EXPECT_TRUE(Console("open\n../campaign/campgn02.mis\nreport").succeeded);  // the input ends in a dialog
+  EXPECT_EQ(Console("open\n../campaign/campgn02.mis\nreport").status, 0);  // the input ends in a dialog
   EXPECT_FALSE(std::filesystem::exists("MissionReport.txt"));
   std::filesystem::remove(ini);
-  EXPECT_EQ(Console(""), (Said{"message: Error # 53 " + Native(ini) +
-                                   " can't be opened: the file does not exist. Start Velmoran from its "
-                                   "own folder, with Velmoran.ini in it.\n",
-                               false}));
+  EXPECT_EQ(Console(""), (Output{"message: Error # 53 " + Native(ini) +
+                                     " can't be opened: the file does not exist. Start Velmoran from its "
+                                     "own folder, with Velmoran.ini in it.\n",
+                                 "", 1}));
 }
 
 }  // namespace

@@ -22,7 +22,7 @@ using WindowTest = CampaignFolder;
 TEST_F(WindowTest, SaysAndWritesWhatTheConsoleDoes) {
   const Path refused = root / "campaign/campgn03.mis";
   std::filesystem::copy(dat, root / "campaign/campgn03.dat");
-  Write(refused, Poked(sound, 13, 202));
+  Write(refused, Poked(intact, 13, 202));
   const Bytes typed =
       "massage\nopen\n\nopen\n" + Native(root / "nothing.mis") + "\nopen\n" + Native(refused) + "\nopen\n" +
       Native(mis) +
@@ -35,11 +35,11 @@ TEST_F(WindowTest, SaysAndWritesWhatTheConsoleDoes) {
     }
     return all;
   };
-  const Said console = Console(typed);
+  const Output console = Console(typed);
   EXPECT_EQ(Lines(console.text, "message: ").size(), 2U);
   const Messages expected = files();
-  EXPECT_TRUE(expected[0] != sound && expected[2] != expected[3]);
-  Write(mis, sound);
+  EXPECT_TRUE(expected[0] != intact && expected[2] != expected[3]);
+  Write(mis, intact);
   for (const char* report : {"before.txt", "after.txt", "MissionReport.txt"}) std::filesystem::remove(report);
   EXPECT_EQ(Window(typed), console);
   EXPECT_TRUE(files() == expected);
@@ -47,25 +47,25 @@ TEST_F(WindowTest, SaysAndWritesWhatTheConsoleDoes) {
 
 TEST_F(WindowTest, ClosingItEndsTheProgramWithNothingSaved) {
   EXPECT_EQ(Window("open\n" + Native(mis) + "\nmassage\n"), Console("open\n" + Native(mis) + "\nmassage\n"));
-  EXPECT_EQ(Read(mis), sound);
+  EXPECT_EQ(Read(mis), intact);
 }
 
 TEST_F(WindowTest, IsNeverShownWhereTheSetupFails) {
   std::filesystem::remove(txt);
-  const Said window = Window("look\n");
+  const Output window = Window("look\n");
   EXPECT_EQ(window, Console(""));
-  EXPECT_FALSE(window.succeeded);
+  EXPECT_EQ(window.status, 1);
 }
 
 TEST_F(WindowTest, KeysAloneDoAllAndNoTextIsCut) {
   const Path deep = root / "a folder whose name is long & odd" / "and another one whose name is no shorter than that";
   std::filesystem::create_directories(deep.parent_path());
   std::filesystem::copy(root / "campaign", deep, std::filesystem::copy_options::recursive);
-  const Said window =
+  const Output window =
       Window("look\ntab\ntab\ntab\nspace\n*.dat\n" + Native(deep / "campgn01.mis") +
              "\nlook\nenter\ntab\nlook\nenter\nlook\ntab\ntab\nspace\n" + Native(deep) + "\n\ntab\ntab\nenter\n");
-  EXPECT_TRUE(window.succeeded);
-  EXPECT_TRUE(Read(deep / "campgn01.mis") != sound);
+  EXPECT_EQ(window.status, 0);
+  EXPECT_TRUE(Read(deep / "campgn01.mis") != intact);
   EXPECT_EQ(Lines(window.text, "target: ").back(), Native(deep / "campgn01.mis"));
   Messages asked = Lines(window.text, "ask: ");
   ASSERT_EQ(asked.size(), 4U);
@@ -73,8 +73,8 @@ TEST_F(WindowTest, KeysAloneDoAllAndNoTextIsCut) {
   EXPECT_EQ(asked, (Messages{"Open Mission File [*.mis]", "Open Mission File [*.dat]",
                              "Generate Report [MissionReport.txt]", "Generate Report"}));
   EXPECT_EQ(Lines(window.text, "focus: "), (Messages{"HintT", "ExitB", "OpenB",  // no others take it at first
-                                                     "WriteB",                   // from ReportB, behind Massage File
-                                                     "ExitB", "ReportB",         // from HintT, behind Write
+                                                     "WriteB",                   // from ReportB, after Massage File
+                                                     "ExitB", "ReportB",         // from HintT, after Write
                                                      "HintT", "ExitB"}));
   const Messages looks = Lines(window.text, "look: ");
   ASSERT_EQ(looks.size(), 4U);
@@ -84,7 +84,7 @@ TEST_F(WindowTest, KeysAloneDoAllAndNoTextIsCut) {
       "Line2  | MassageB Massage File | Line3  | ReportB Generate Report | Line4  | WriteB Write | Line5  | "
       "HintT Press Open to open a mission (campgn??.mis) file.  When you have opened the mission file the filename "
       "will appear | Line6  | ExitB Exit");
-  for (std::size_t i = 1; i < looks.size(); ++i) {  // the same, but for target and hint: no flaw is told of any
+  for (std::size_t i = 1; i < looks.size(); ++i) {  // the same except target and hint, so none reports a flaw
     EXPECT_EQ(std::regex_replace(looks[i], std::regex("ltarget .* \\| Line2|HintT .* \\| Line6"), ""),
               std::regex_replace(looks[0], std::regex("ltarget .* \\| Line2|HintT .* \\| Line6"), ""));
     EXPECT_TRUE(looks[i].find(" " + Native(deep / "campgn01.mis") + " | Line2") != Bytes::npos &&
