@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -41,6 +42,45 @@ inline Bytes Poked(Bytes bytes, std::size_t offset, std::int64_t value, std::siz
 // The text with the first occurrence of a part replaced.
 inline Bytes Replaced(const Bytes& text, const Bytes& part, const Bytes& other) {
   return Bytes(text).replace(text.find(part), part.size(), other);
+}
+
+// The bytes with a change as data/faults.txt describes it.
+inline Bytes Changed(Bytes bytes, std::string change) {
+  change = std::regex_replace(change, std::regex(R"(\\n)"), "\n");
+  if (const std::size_t arrow = change.find(" -> "); arrow != Bytes::npos) {
+    return Replaced(bytes, change.substr(0, arrow), change.substr(arrow + 4));
+  }
+  std::istringstream numbers(change.starts_with("size ") ? change.substr(5) : change);
+  std::int64_t size = 0, value = 0;
+  if (change.starts_with("size ") && numbers >> size) {
+    bytes.resize(static_cast<std::size_t>(size) + (size < 0 ? bytes.size() : 0));
+  }
+  for (std::size_t offset = 0, width = 0; numbers >> offset >> width >> value;) {
+    bytes = Poked(bytes, offset, value, width);
+  }
+  return bytes;
+}
+
+// The lines that begin so, without their beginning.
+inline Messages Lines(const Bytes& text, const std::string& beginning = "") {
+  Messages lines;
+  std::istringstream all(text);
+  for (std::string line; std::getline(all, line);) {
+    if (line.starts_with(beginning)) lines.push_back(line.substr(beginning.size()));
+  }
+  return lines;
+}
+
+// The lines of a file in data, by column, without its comments.
+inline std::vector<std::vector<std::string>> DataRows(const std::string& name) {
+  const std::regex separator(R"( \| )");
+  std::vector<std::vector<std::string>> rows;
+  for (const std::string& line : Lines(Read(VELMORAN_TEST_DATA "/" + name))) {
+    if (line.starts_with('#')) continue;
+    rows.emplace_back(std::sregex_token_iterator(line.begin(), line.end(), separator, -1),
+                      std::sregex_token_iterator());
+  }
+  return rows;
 }
 
 // The path in the system's own spelling.
@@ -88,22 +128,15 @@ class CampaignFolder : public testing::Test {
     const int result = std::system(command.c_str());
     return result > 255 ? result / 256 : result;
   }
-  // What a program prints for the lines typed, and its exit status.
-  struct Output {
-    Bytes text, errors;
-    int status;
-    bool operator==(const Output&) const = default;
-    friend std::ostream& operator<<(std::ostream& out, const Output& output) {
-      return out << output.text << output.errors << "status " << output.status;
-    }
-  };
-  static Output Run(const std::string& command, const Bytes& typed) {
+  // What a program prints to standard output for the lines typed, and "status 0" or its other exit status. The file
+  // errors has its standard error.
+  static Bytes Run(const std::string& command, const Bytes& typed) {
     Write("typed", typed);
     const int status = Status(command + " <typed >output 2>errors");
-    return {std::regex_replace(Read("output"), std::regex("\r"), ""), Read("errors"), status};
+    return std::regex_replace(Read("output"), std::regex("\r"), "") + "status " + std::to_string(status);
   }
-  static Output Console(const Bytes& typed) { return Run("\"" VELMORAN_CONSOLE "\"", typed); }
-  static Output Window(const Bytes& typed) { return Run("\"" VELMORAN_DRIVER "\"", typed); }
+  static Bytes Console(const Bytes& typed) { return Run("\"" VELMORAN_CONSOLE "\"", typed); }
+  static Bytes Window(const Bytes& typed) { return Run("\"" VELMORAN_DRIVER "\"", typed); }
 
   Bytes Composed() const {
     const std::vector<velmoran::Byte> image = velmoran::ComposeMissionImage(*state);
