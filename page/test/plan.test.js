@@ -293,7 +293,6 @@ test("bad input is refused in one line, and the picture stays", async () => {
     "text after the end": [[file("r.txt", `${all}more\r\n`)], notReport("r.txt", lines.length)],
     "cut between flights": [cut(flight24), isCut(24)],
     "cut in a flight": [cut(flight24 + 200), isCut(25)],
-    "cut in the last list": [cut(end - 30), isCut(87)],
     "cut by a byte": [cut(end - 1), isCut(87)],
     "too large": [[big], "big.txt is larger than 20 MB."],
     "two days": [[before, massage("campgn02").reports[1]], "before.txt and after.txt don't belong together: choose " +
