@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -43,6 +44,45 @@ inline Bytes Replaced(const Bytes& text, const Bytes& part, const Bytes& other) 
   return Bytes(text).replace(text.find(part), part.size(), other);
 }
 
+// The bytes with a change as data/faults.txt describes it.
+inline Bytes Changed(Bytes bytes, std::string change) {
+  change = std::regex_replace(change, std::regex(R"(\\n)"), "\n");
+  if (const std::size_t arrow = change.find(" -> "); arrow != Bytes::npos) {
+    return Replaced(bytes, change.substr(0, arrow), change.substr(arrow + 4));
+  }
+  std::istringstream numbers(change.starts_with("size ") ? change.substr(5) : change);
+  std::int64_t size = 0, value = 0;
+  if (change.starts_with("size ") && numbers >> size) {
+    bytes.resize(static_cast<std::size_t>(size) + (size < 0 ? bytes.size() : 0));
+  }
+  for (std::size_t offset = 0, width = 0; numbers >> offset >> width >> value;) {
+    bytes = Poked(bytes, offset, value, width);
+  }
+  return bytes;
+}
+
+// The lines that begin so, without their beginning.
+inline Messages Lines(const Bytes& text, const std::string& beginning = "") {
+  Messages lines;
+  std::istringstream all(text);
+  for (std::string line; std::getline(all, line);) {
+    if (line.starts_with(beginning)) lines.push_back(line.substr(beginning.size()));
+  }
+  return lines;
+}
+
+// The lines of a file in data, by column, without its comments.
+inline std::vector<std::vector<std::string>> DataRows(const std::string& name) {
+  const std::regex separator(R"( \| )");
+  std::vector<std::vector<std::string>> rows;
+  for (const std::string& line : Lines(Read(VELMORAN_TEST_DATA "/" + name))) {
+    if (line.starts_with('#')) continue;
+    rows.emplace_back(std::sregex_token_iterator(line.begin(), line.end(), separator, -1),
+                      std::sregex_token_iterator());
+  }
+  return rows;
+}
+
 // The path in the system's own spelling.
 inline std::string Native(std::filesystem::path path) { return path.make_preferred().string(); }
 
@@ -51,7 +91,7 @@ class CampaignFolder : public testing::Test {
   CampaignFolder() {
     std::filesystem::copy(VELMORAN_SAMPLE, root, std::filesystem::copy_options::recursive);
     std::filesystem::current_path(root / "velmoran");
-    sound = Read(mis);
+    intact = Read(mis);
   }
   ~CampaignFolder() override {
     std::filesystem::current_path(std::filesystem::temp_directory_path());
@@ -83,20 +123,20 @@ class CampaignFolder : public testing::Test {
     EXPECT_EQ((Load(), Open()), Messages{});
     return Press(velmoran::MassageB_Click);
   }
-  // What a program prints for the commands typed, and whether its exit status is 0.
-  struct Said {
-    Bytes text;
-    bool succeeded;
-    bool operator==(const Said&) const = default;
-    friend std::ostream& operator<<(std::ostream& out, const Said& said) { return out << said.text << said.succeeded; }
-  };
-  static Said Run(const std::string& program, const Bytes& typed) {
-    Write("typed", typed);
-    const bool succeeded = std::system(("\"" + program + "\" <typed >said").c_str()) == 0;
-    return {std::regex_replace(Read("said"), std::regex("\r"), ""), succeeded};
+  // The exit status of a shell command.
+  static int Status(const std::string& command) {
+    const int result = std::system(command.c_str());
+    return result > 255 ? result / 256 : result;
   }
-  static Said Console(const Bytes& typed) { return Run(VELMORAN_CONSOLE, typed); }
-  static Said Window(const Bytes& typed) { return Run(VELMORAN_DRIVER, typed); }
+  // What a program prints to standard output for the lines typed, and "status 0" or its other exit status. The file
+  // errors has its standard error.
+  static Bytes Run(const std::string& command, const Bytes& typed) {
+    Write("typed", typed);
+    const int status = Status(command + " <typed >output 2>errors");
+    return std::regex_replace(Read("output"), std::regex("\r"), "") + "status " + std::to_string(status);
+  }
+  static Bytes Console(const Bytes& typed) { return Run("\"" VELMORAN_CONSOLE "\"", typed); }
+  static Bytes Window(const Bytes& typed) { return Run("\"" VELMORAN_DRIVER "\"", typed); }
 
   Bytes Composed() const {
     const std::vector<velmoran::Byte> image = velmoran::ComposeMissionImage(*state);
@@ -108,6 +148,6 @@ class CampaignFolder : public testing::Test {
   const std::filesystem::path ini = root / "velmoran/Velmoran.ini", txt = root / "data/simpatch/Velmoran.txt",
                               roster = root / "data/simpatch/squadron.dat", mis = root / "campaign/campgn01.mis",
                               dat = root / "campaign/campgn01.dat";
-  Bytes sound;  // the mission file
+  Bytes intact;  // the mission file
   std::unique_ptr<velmoran::RunState> state = std::make_unique<velmoran::RunState>();
 };

@@ -29,31 +29,6 @@ class EscortsTest : public RunTest {
   }
 };
 
-TEST_F(EscortsTest, LinksAndPlayerFollowTheNewNumbers) {
-  Add({});
-  AddEscortOf(3);
-  Add({});
-  AddMeeting();
-  Add({});
-  run.PlayerFlight = 4;
-  EXPECT_EQ(AfterRemoving({0, 2}), Messages{});
-  EXPECT_EQ(All(&MissionRec::FlightID), (Longs{0, 0, 2, 1, 2}));  // removed flights keep theirs
-  EXPECT_EQ(run.Missions[1].EscortedFlight, 1);
-  EXPECT_EQ(Actions(3), Longs{ActionRendezvous});
-  EXPECT_EQ((Longs{run.PlayerFlight, run.MissionCount}), (Longs{2, 3}));
-}
-
-TEST_F(EscortsTest, LostEscortEndsEveryRendezvousOfItsFlight) {
-  AddEscortOf(2);
-  AddEscortOf(2);
-  AddMeeting({ActionRendezvous, ActionPatrol, ActionRendezvous});
-  run.PlayerFlight = 50;
-  EXPECT_EQ(AfterRemoving({0}), Messages{Mismatch});  // the second escort is left over
-  EXPECT_EQ(Actions(2), (Longs{ActionNavigate, ActionPatrol, ActionNavigate}));
-  EXPECT_EQ(run.Missions[1].EscortedFlight, 1);
-  EXPECT_EQ(run.PlayerFlight, 50);
-}
-
 TEST_F(EscortsTest, LostFlightTakesItsEscortsWithIt) {
   AddMeeting({ActionRendezvous, ActionRendezvous});
   AddEscortOf(0).Waypoints[0].Action = ActionRendezvous;
@@ -73,11 +48,11 @@ TEST_F(EscortsTest, SearchTakesTheLastMatchOrElseTheRowFoundBefore) {
   AddEscortOf(70);  // nobody: works on row 0 first, later on the last row found
   AddEscortOf(7);
   AddMeeting().FlightID = 7;
-  AddMeeting().FlightID = 7;
+  AddMeeting({ActionRendezvous, ActionPatrol, ActionRendezvous}).FlightID = 7;
   AddEscortOf(-2147483648);
   AfterRemoving({1, 2});
-  EXPECT_EQ((Longs{Actions(0)[0], Actions(3)[0], Actions(4)[0]}),
-            (Longs{ActionNavigate, ActionRendezvous, ActionNavigate}));
+  EXPECT_EQ((Longs{Actions(0)[0], Actions(3)[0]}), (Longs{ActionNavigate, ActionRendezvous}));
+  EXPECT_EQ(Actions(4), (Longs{ActionNavigate, ActionPatrol, ActionNavigate}));
   EXPECT_EQ((Longs{run.Missions[1].EscortedFlight, run.Missions[2].EscortedFlight, run.Missions[5].EscortedFlight}),
             (Longs{68, 5, 2147483646}));
 }
@@ -108,7 +83,11 @@ TEST_F(EscortsTest, WholeSequence) {
   Add({.squad = Player, .actions = {ActionRendezvous}, .pilots = {1, 2}});
   Add({.squad = Player, .type = TypeEscort, .pilots = {3, 4}, .escorted = 99});
   Add({.squad = British, .type = TypeBomb, .planes = {9}});
-  Add({.squad = British, .type = TypeEscort, .planes = {9}, .escorted = 4});  // no room beside 12 bombers
+  Add({.squad = British,
+       .type = TypeEscort,
+       .planes = {9},
+       .actions = {ActionLand},
+       .escorted = 4});  // no room beside 12 bombers
   Add({.squad = German, .actions = {ActionRendezvous}});
   fakes::Script({0, 0, 0, 0, 0, 0.9F, /* the player's squadron */ 0, 0, 0.9F});
   RunMassage(run);
@@ -118,6 +97,7 @@ TEST_F(EscortsTest, WholeSequence) {
   EXPECT_EQ((Longs{run.Missions[1].EscortedFlight, run.Missions[3].EscortedFlight}), (Longs{97, 2}));
   EXPECT_EQ((Longs{Actions(0)[0], Actions(4)[0]}), (Longs{ActionRendezvous, ActionNavigate}));
   EXPECT_EQ(run.Missions[0].Waypoints[0].Formation, FormationEchelonLeft);
+  EXPECT_EQ(run.Missions[3].Waypoints[0].Formation, 0);  // kept: the flight is removed
 }
 
 }  // namespace

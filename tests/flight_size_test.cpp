@@ -48,14 +48,9 @@ class FlightSizeTest : public RunTest {
   }
 };
 
-TEST_F(FlightSizeTest, SizeIsDrawnAndSlotsAreFilled) {
-  EXPECT_EQ(Sized({.planes = {2, 5, 2, 2, 2, 2}}, {0.75F, 0.5F}), (Longs{2, 5, 2, 2}));  // 3.5: to the even 4
-  EXPECT_EQ(Sized({.planes = {2, 5, -1}}, {0.25F, 0.5F}), (Longs{2, 5}));                // 2.5: to the even 2
-  EXPECT_EQ(Sized({.planes = {2, -1, 5}}, {0.9F, 0.5F}), (Longs{2, 2, 5, 2}));
-  EXPECT_EQ(Sized({.planes = {-1, 5}}, {0, 0.5F}), (Longs{0, 5}));  // no aircraft: row 0
-}
-
 TEST_F(FlightSizeTest, SizeIsScaledForClasses0To2AndCappedForNation0) {
+  EXPECT_EQ(Sized({.planes = {2, 5, 2, 2, 2, 2}}, {0.75F, 1}), (Longs{2, 5, 2, 2}));  // 3.5: to the even 4
+  EXPECT_EQ(Sized({.planes = {-1, -1, 5}}, {0.25F, 1}), (Longs{0, 0}));               // 2.5: to the even 2, of row 0
   run.MissionDefs[TypeCAP] = {0, 0, 6, 6};
   period.SizeFactor = {1.75, 1.75, 1, 1, 0.1};
   run.Aircraft[20].AircraftClass = -1;
@@ -80,18 +75,14 @@ TEST_F(FlightSizeTest, DrawBelowTheOddsRemovesClasses0To2) {
 }
 
 TEST_F(FlightSizeTest, SizeOutside1To12StopsTheMassage) {
-  const auto stopped = [this](Integer row, Integer size) {
+  for (const Long squad : {Player, British, British}) Add({.squad = squad, .planes = {3}}).FlightID += 10;
+  run.PlayerFlight = 0;
+  for (const auto& [row, size] : {std::pair<Integer, Integer>{1, 0}, {2, 13}}) {
     run.MissionDefs[TypeCAP] = {0, 0, size, size};
     fakes::Script({0});
-    return Stopped(AdjustFlightSize, row, MassageStopped::Reason::InvalidSize);
-  };
-  for (const Long squad : {Player, British, British}) Add({.squad = squad, .planes = {3}});
-  EXPECT_EQ(stopped(1, 0), "Invalid number of planes for flight1");
-  EXPECT_EQ(stopped(2, 13), "Invalid number of planes for flight2");
-  run.Missions[2].Planes[0] = 0;
-  period.SizeFactor[1] = 1e300;
-  EXPECT_EQ(stopped(2, 2), "Invalid number of planes for flight2");
-  EXPECT_TRUE(fakes::form.messages.empty());  // showing it is up to the event
+    EXPECT_EQ(Stopped(AdjustFlightSize, row, MassageStopped::Reason::InvalidSize),
+              "Invalid number of planes for flight" + std::to_string(row));
+  }
 }
 
 TEST_F(FlightSizeTest, PlayersSquadronIsOnlyListedWithThePlayerFirst) {
@@ -113,29 +104,10 @@ TEST_F(FlightSizeTest, RemovalIsListedForEscortsAndOnceForEachRendezvous) {
   EXPECT_EQ(RowsInPlay(), Longs{});
   EXPECT_EQ(fakes::form.messages, std::vector{std::string(PlayerFlightLost)});
 
-  run.LostEscortCount = run.LostRendezvousCount = 200;
-  const std::string full =
-      ": it holds 201 already. The mission file was not changed. Lower the odds of removal in Velmoran.ini.";
+  run.LostRendezvousCount = 200;  // room for one more
   EXPECT_EQ(Stopped(RemoveFlight, 1, MassageStopped::Reason::ListOverflow),
-            "Error # 9 LostRendezvousFlights has no room for flight 1" + full);
-  RemoveFlight(run, 0);
-  EXPECT_EQ(Stopped(RemoveFlight, 0, MassageStopped::Reason::ListOverflow),
-            "Error # 9 LostEscortFlights has no room for flight 5" + full);
-}
-
-TEST_F(FlightSizeTest, SquadronsFillInTableOrderUpToTheirLimit) {
-  Add({.squad = Player, .planes = Longs(12, 3)});
-  Add({.squad = British, .planes = Longs(8, 3)});
-  Add({.squad = German, .planes = Longs(9, 4)});   // exactly its limit
-  Add({.squad = British, .planes = Longs(6, 5)});  // cut to the 4 that are left
-  Add({.squad = British, .planes = {}});           // needs none
-  Add({.squad = British, .planes = {6}});
-  Add({.squad = German, .planes = {7}});
-  BalanceSquadrons(run);
-  EXPECT_EQ(All(&MissionRec::NumAircraft), (Longs{12, 8, 9, 4, 0, 1, 1}));
-  EXPECT_EQ(RowsInPlay(), (Longs{0, 1, 2, 3, 4}));
-  EXPECT_EQ(Planes(3), Longs(4, 5));
-  EXPECT_EQ(run.SquadPlanes[Player], 0);
+            "Error # 9 LostRendezvousFlights has no room for flight 1: it holds 201 already. The mission file was not "
+            "changed. Lower the odds of removal in Velmoran.ini.");
 }
 
 TEST_F(FlightSizeTest, RoomForMinPlanesIsTooLittleAndRemovedFlightsCount) {
@@ -236,9 +208,6 @@ TEST_F(FlightSizeTest, PlayersSquadronHasNoLimitsOfSize) {
       {0, 0, 1, 0, 1});
   EXPECT_EQ(All(&MissionRec::NumAircraft), (Longs{2, -1, 0}));
   EXPECT_EQ(Pilots(0), (Longs{1, 191}));
-  run.SquadFlightCount = 1;
-  run.SquadFlights[0] = -1;  // no flight is the player's: no draw
-  AdjustPlayerSquadron(run);
 }
 
 }  // namespace

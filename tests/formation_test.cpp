@@ -40,14 +40,4 @@ TEST(FormationTest, ByActionAndNumberOfPlanes) {
   EXPECT_EQ(formation, FormationVic);
 }
 
-using AdjustFormationsTest = RunTest;
-
-TEST_F(AdjustFormationsTest, EveryWaypointOfFlightsInPlay) {
-  for (int row = 0; row < 2; ++row) Add({.planes = {0, 0, 0, 0}, .actions = {11, 2, 3}}).Target = 5;
-  run.Removed[0] = TakenOut;
-  AdjustFormations(run);
-  EXPECT_EQ(Each(0, &WaypointRec::Formation), (Longs{0, 0, 0}));
-  EXPECT_EQ(Each(1, &WaypointRec::Formation), (Longs{9, 14, 16}));
-}
-
 }  // namespace

@@ -56,16 +56,12 @@ TEST_F(GroupingTest, TargetTakesTheMissionAndPartsOfTheRoute) {
             (Longs{TypeBomb, 8, 8, 8, 8}));
   EXPECT_EQ(target.SquadID, British);
   EXPECT_EQ(Actions(1), (Longs{0, 1, 2, 3, 4, 5}));
-  for (const auto field : {&WaypointRec::WPLong0, &WaypointRec::WPLong36, &WaypointRec::ActionParam}) {
-    EXPECT_EQ(Each(1, field), Longs(6, 1));
-  }
-  for (const auto field : {&WaypointRec::WPByte33, &WaypointRec::WPByte35}) EXPECT_EQ(Each(1, field), Longs(6, 1));
-  for (const auto field : {&WaypointRec::AltBytes, &WaypointRec::Lon, &WaypointRec::Lat, &WaypointRec::WPLong20}) {
-    EXPECT_EQ(Each(1, field), (Longs{0, 0, 1, 1, 0, 1}));
-  }
-  for (const auto field : {&WaypointRec::Formation, &WaypointRec::WPByte34}) {
-    EXPECT_EQ(Each(1, field), (Longs{1, 1, 0, 0, 1, 0}));
-  }
+  using W = WaypointRec;
+  const Longs places{0, 0, 1, 1, 0, 1}, formations{1, 1, 0, 0, 1, 0};
+  for (const auto field : {&W::WPLong0, &W::WPLong36, &W::ActionParam}) EXPECT_EQ(Each(1, field), Longs(6, 1));
+  for (const auto field : {&W::WPByte33, &W::WPByte35}) EXPECT_EQ(Each(1, field), Longs(6, 1));
+  for (const auto field : {&W::AltBytes, &W::Lon, &W::Lat, &W::WPLong20}) EXPECT_EQ(Each(1, field), places);
+  for (const auto field : {&W::Formation, &W::WPByte34}) EXPECT_EQ(Each(1, field), formations);
   for (const WaypointRec& point : Route(target)) {
     EXPECT_EQ(Join(point.WPBytes), "1,1,1,1,0");
     EXPECT_EQ(Join(point.Carried4), "0,0,0,0,0,0,0,0");

@@ -43,10 +43,4 @@ TEST_F(ReportTest, EveryKindOfFlightAndEveryName) {
   EXPECT_EQ(ComposeReport(run), std::string(std::istreambuf_iterator<char>(file), {}));
 }
 
-TEST_F(ReportTest, NoFlights) {
-  EXPECT_EQ(ComposeReport(run),
-            "Player Flight ID :        0 \r\nMission Count    :        0 \r\n"
-            " \r\n \r\n \r\n \r\n \r\n \r\n \r\n \r\n");
-}
-
 }  // namespace

@@ -1,5 +1,5 @@
 // The programs as they ship, driven from outside: limits, signals, failing streams and too little memory.
-#include <sys/prctl.h>
+#include <fcntl.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -23,33 +23,25 @@ using namespace std::chrono_literals;
 class Program {
  public:
   explicit Program(const std::string& command) {
-    int input[2], output[2];
-    if (pipe(input) != 0 || pipe(output) != 0) throw std::runtime_error("no pipe");
-    std::signal(SIGPIPE, SIG_IGN);  // of this test; the program gets what a shell gives it
-    id_ = fork();
-    if (id_ == 0) {
-      std::signal(SIGPIPE, SIG_DFL);
-      dup2(input[0], STDIN_FILENO);
-      dup2(output[1], STDOUT_FILENO);
-      for (const int end : {input[0], input[1], output[0], output[1]}) close(end);
-      execl("/bin/sh", "sh", "-c", ("exec " + command).c_str(), nullptr);
-      _exit(126);
-    }
-    close(input[0]);
-    close(output[1]);
-    input_ = input[1];
-    output_ = fdopen(output[0], "r");
+    mkfifo("input", 0600);
+    output_ = popen(("echo $$; exec " + command + " <input").c_str(), "r");
+    if (output_ == nullptr || std::fscanf(output_, "%d", &id_) != 1) throw std::runtime_error("not started");
+    input_ = open("input", O_WRONLY | O_CLOEXEC);
+    fs::remove("input");
     Answer();  // the form at the start
   }
   ~Program() {
-    if (id_ != 0) Wait();
-    std::fclose(output_);
+    if (output_ != nullptr) Wait();
   }
   Program(const Program&) = delete;
   Program& operator=(const Program&) = delete;
 
   void Type(const Bytes& lines) {
     EXPECT_EQ(write(input_, lines.data(), lines.size()), ssize_t(lines.size())) << "the program has ended";
+  }
+  void OpenAndMassage() {
+    Do("open\n../campaign/campgn01.mis\n");
+    Do("massage\n");
   }
   // Types the lines, and returns what is printed until the form shows its commands.
   Bytes Do(const Bytes& lines) {
@@ -70,8 +62,8 @@ class Program {
   // Ends the input, and returns the status that a shell would show.
   int Wait() {
     close(input_);
-    int status = 0;
-    waitpid(std::exchange(id_, 0), &status, 0);
+    while (std::fgetc(output_) != EOF) continue;
+    const int status = pclose(std::exchange(output_, nullptr));
     return WIFSIGNALED(status) ? 128 + WTERMSIG(status) : WEXITSTATUS(status);
   }
 
@@ -85,57 +77,36 @@ class Program {
     return text;
   }
 
-  pid_t id_;
-  int input_;
-  std::FILE* output_;
+  pid_t id_ = 0;
+  int input_ = -1;
+  std::FILE* output_ = nullptr;
 };
 
-// A display that nobody sees, until the tests end.
-struct Screen {
-  Screen() {
-    int output[2];
-    if (pipe(output) != 0) throw std::runtime_error("no pipe");
-    server = fork();
-    if (server == 0) {
-      prctl(PR_SET_PDEATHSIG, SIGTERM);
-      dup2(output[1], STDOUT_FILENO);
-      execlp("Xvfb", "Xvfb", "-displayfd", "1", "-screen", "0", "1024x768x24", "-nolisten", "tcp", nullptr);
-      _exit(126);
-    }
-    close(output[1]);
-    for (char next = 0; read(output[0], &next, 1) == 1 && next != '\n';) display += next;
-    close(output[0]);
-  }
-  ~Screen() {
-    kill(server, SIGTERM);
-    waitpid(server, nullptr, 0);
-  }
-  Screen(const Screen&) = delete;
-  Screen& operator=(const Screen&) = delete;
-
-  pid_t server;
-  std::string display = ":";
-};
+// Starts a display that nobody sees and that ends with the tests. Returns its name.
+std::string HiddenDisplay() {
+  std::FILE* output = popen("exec setpriv --pdeathsig TERM Xvfb -displayfd 1 -screen 0 1024x768x24 -nolisten tcp", "r");
+  int number = -1;
+  EXPECT_EQ(std::fscanf(output, "%d", &number), 1);
+  return ":" + std::to_string(number);
+}
 
 const std::string ConsoleCommand = "\"" VELMORAN_CONSOLE "\"";
-const Bytes OpenLines = "open\n../campaign/campgn01.mis\n";
 
 class ShippedTest : public CampaignFolder, public testing::WithParamInterface<const char*> {
  protected:
   // The command that starts the program of the test.
   std::string Command() const {
     if (GetParam() == Bytes("Console")) return ConsoleCommand;
-    static const Screen screen;
-    return "env -u QT_QPA_PLATFORM -u WAYLAND_DISPLAY DISPLAY=" + screen.display + " \"" VELMORAN_DRIVER "\"";
+    static const std::string display = HiddenDisplay();
+    return "env -u QT_QPA_PLATFORM -u WAYLAND_DISPLAY DISPLAY=" + display + " \"" VELMORAN_DRIVER "\"";
   }
   // What Write makes of the mission file.
   Bytes Plan() const {
     Program program(ConsoleCommand);
-    program.Do(OpenLines);
-    program.Do("massage\n");
+    program.OpenAndMassage();
     program.Do("write\n");
     const Bytes plan = Read(mis);
-    ::Write(mis, sound);
+    ::Write(mis, intact);
     return plan;
   }
   const std::string shown = mis.string(),
@@ -144,22 +115,19 @@ class ShippedTest : public CampaignFolder, public testing::WithParamInterface<co
 INSTANTIATE_TEST_SUITE_P(, ShippedTest, testing::Values("Console", "Window"),
                          [](const auto& program) { return program.param; });
 
-using ConsoleTest = ShippedTest;
-
 TEST_P(ShippedTest, PlanSurvivesAWriteThatIsCut) {
   const Bytes plan = Plan(), size = std::to_string(plan.size());
   Program program(Command());
-  program.Do(OpenLines);
-  program.Do("massage\n");
+  program.OpenAndMassage();
   for (std::size_t part = 0; part < 10; ++part) {
     const std::size_t length = part < 9 ? part * plan.size() / 9 : plan.size() - 1;
     program.Limit(RLIMIT_FSIZE, length);
-    const Bytes said = program.Do("write\n");
-    EXPECT_NE(said.find("message: Error # 61 " + shown + ": only " + std::to_string(length) + " of " + size +
-                        " bytes could be written: the disk is full"),
+    const Bytes output = program.Do("write\n");
+    EXPECT_NE(output.find("message: Error # 61 " + shown + ": only " + std::to_string(length) + " of " + size +
+                          " bytes could be written: the disk is full"),
               Bytes::npos)
-        << said;
-    EXPECT_NE(said.find(". The file is incomplete now. " + keep), Bytes::npos) << said;
+        << output;
+    EXPECT_NE(output.find(". The file is incomplete now. " + keep), Bytes::npos) << output;
     EXPECT_TRUE(Read(mis) == plan.substr(0, length)) << length;
   }
   program.Limit(RLIMIT_FSIZE, RLIM_INFINITY);
@@ -173,10 +141,9 @@ TEST_P(ShippedTest, RequestToEndWaitsForTheWrite) {
   const int times = GetParam() == Bytes("Console") ? 60 : 12;
   std::chrono::nanoseconds whole{};
   for (int time = 0; time < times; ++time) {
-    ::Write(mis, sound);
+    ::Write(mis, intact);
     Program program(Command());
-    program.Do(OpenLines);
-    program.Do("massage\n");
+    program.OpenAndMassage();
     const auto begin = std::chrono::steady_clock::now();
     program.Type("write\n");
     if (time == 0) {
@@ -188,7 +155,7 @@ TEST_P(ShippedTest, RequestToEndWaitsForTheWrite) {
     program.Kill(signal);
     EXPECT_EQ(program.Wait(), 128 + signal);
     const Bytes left = Read(mis);
-    EXPECT_TRUE(left == plan || left == sound) << left.size() << " bytes are left";
+    EXPECT_TRUE(left == plan || left == intact) << left.size() << " bytes are left";
   }
 }
 
@@ -197,8 +164,7 @@ TEST_P(ShippedTest, OnlyRegularFilesAreWritten) {
   const fs::path pipe = root / "velmoran/pipe.txt";
   EXPECT_EQ(mkfifo(pipe.c_str(), 0600), 0);
   Program program(Command());
-  program.Do(OpenLines);
-  program.Do("massage\n");
+  program.OpenAndMassage();
   EXPECT_NE(program.Do("report\npipe.txt\n").find("Error # 75 " + pipe.string() + refused), Bytes::npos);
   fs::rename(mis, root / "aside");
   fs::rename(pipe, mis);
@@ -214,35 +180,33 @@ TEST_P(ShippedTest, OnlyRegularFilesAreWritten) {
   EXPECT_NE(program.Do("write\n").find(": the folder does not exist. Nothing was written. " + keep), Bytes::npos);
   fs::rename(root / "away", root / "campaign");
   EXPECT_NE(program.Do("write\n").find("Write complete"), Bytes::npos);  // makes the file anew
-  EXPECT_TRUE(Read(mis) == plan && Read(root / "aside") == sound);
+  EXPECT_TRUE(Read(mis) == plan && Read(root / "aside") == intact);
 }
 
 TEST_F(CampaignFolder, ConsoleEndsWithOneWhereAStreamFails) {
-  const auto status = [](const std::string& command) {
-    const int result = std::system(command.c_str());
-    return WIFEXITED(result) ? WEXITSTATUS(result) : -1;
-  };
   const Bytes output = "velmoran-console: standard output can't be written; no further command was done\n";
-  ::Write("typed", OpenLines + "massage\nwrite\n");
-  EXPECT_EQ(status(ConsoleCommand + " <typed >/dev/full 2>errors"), 1);
+  ::Write("typed", "open\n../campaign/campgn01.mis\nmassage\nwrite\n");
+  EXPECT_EQ(Status(ConsoleCommand + " <typed >/dev/full 2>errors"), 1);
   EXPECT_EQ(Read("errors"), output);
-  EXPECT_EQ(status("( (sleep 0.2; " + ConsoleCommand + " <typed 2>errors; echo $? >status) | true)"), 0);
+  EXPECT_EQ(Status("( (sleep 0.2; " + ConsoleCommand + " <typed 2>errors; echo $? >status) | true)"), 0);
   EXPECT_EQ(Read("status") + Read("errors"), "1\n" + output);
-  EXPECT_EQ(status(ConsoleCommand + " <. >said 2>errors"), 1);
+  EXPECT_EQ(Status(ConsoleCommand + " <. >output 2>errors"), 1);
   EXPECT_EQ(Read("errors"), "velmoran-console: standard input can't be read; nothing more was done\n");
-  EXPECT_EQ(Read(mis), sound);
+  ::Write("full", Bytes(1024, ' '));  // at the limit, and so output fails
+  EXPECT_EQ(Status("(ulimit -f 1; exec " + ConsoleCommand + " <typed >>full 2>errors)"), 1);
+  EXPECT_EQ(Read("errors"), output);
+  EXPECT_EQ(Read(mis), intact);
 }
 
 TEST_F(CampaignFolder, StatusOfTheConsoleSaysWhetherTheLastWriteFailed) {
   for (const bool exits : {true, false}) {
     Program program(ConsoleCommand);
-    program.Do(OpenLines);
-    program.Do("massage\n");
+    program.OpenAndMassage();
     program.Limit(RLIMIT_FSIZE, 0);
     program.Do("write\n");
     if (exits) program.Type("exit\n");
     EXPECT_EQ(program.Wait(), 1);
-    ::Write(mis, sound);
+    ::Write(mis, intact);
   }
 }
 
@@ -252,12 +216,13 @@ TEST_F(CampaignFolder, ConsoleReportsThatMemoryRunsOut) {
     program.Limit(RLIMIT_AS, program.AddressSpace());
     EXPECT_NE(program.Do(lines).find("message: Error # 7 Not enough memory" + message), Bytes::npos);
     program.Limit(RLIMIT_AS, RLIM_INFINITY);
-    return program.Do(lines);
   };
   const fs::path large = root / "campaign/campgn02.mis";  // more than the memory that a program keeps
-  EXPECT_NE(fails("open\n" + large.string() + "\n", " to open the file. No file was changed.").find("File opened"),
-            Bytes::npos);
-  EXPECT_NE(fails("report\nlarge.txt\n", ": the report is missing or incomplete.").find("File opened"), Bytes::npos);
+  const Bytes before = Read(large), open = "open\n" + large.string() + "\n", report = "report\nlarge.txt\n";
+  fails(open, " to open the file. No file was changed.");
+  EXPECT_NE(program.Do(open).find("File opened"), Bytes::npos);
+  fails(report, " for the report. No file was changed.");
+  EXPECT_NE(program.Do(report).find("File opened"), Bytes::npos);
   EXPECT_GT(fs::file_size("large.txt"), 1000000);
   program.Do("massage\n");
   program.Limit(RLIMIT_AS, program.AddressSpace());  // Write needs no more than Open had

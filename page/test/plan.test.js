@@ -89,17 +89,6 @@ function truthOf({ before, after }) {
   });
 }
 
-function totalsOf({ before, after }) {
-  const totals = {};
-  [before, after].forEach(({ flights }, k) => {
-    const add = (what, number) => { (totals[what] ??= [0, 0])[k] += number; };
-    for (const { size, pilots, type } of flights) {
-      add("flights", 1), add("planes", size), add("pilots", pilots.length), add(type, 1);
-    }
-  });
-  return totals;
-}
-
 // ---- Made-up reports
 
 const at = (lon, action = 4) => ({ lon, action });
@@ -148,22 +137,18 @@ async function give(...files) {
   return read();
 }
 
-// The numbers before of the rows that each filter of changes leaves, of both sides.
-const filterByChange = () => page.evaluate(() => {
-  const set = (id, name, value) => {
-    document.getElementById(id)[name] = value;
-    document.getElementById(id).dispatchEvent(new Event("input"));
+// The numbers before of the rows that a filter of changes leaves, of both sides.
+const filterByChange = (change) => page.evaluate((wanted) => {
+  const side = document.getElementById("my-side"), select = document.getElementById("change");
+  const set = (mine, kind) => {
+    [side.checked, select.value] = [mine, kind];
+    select.dispatchEvent(new Event("input"));
   };
-  const found = {};
-  set("my-side", "checked", false);
-  for (const { value } of document.getElementById("change").options) {
-    set("change", "value", value);
-    found[value] = [...document.querySelectorAll("#flights tbody tr:not([hidden])")].map((row) => row.dataset.before);
-  }
-  set("change", "value", "");
-  set("my-side", "checked", true);
-  return found;
-});
+  set(false, wanted);
+  const offered = select.value === wanted, rows = [...document.querySelectorAll("#flights tbody tr:not([hidden])")];
+  set(true, "");
+  return offered ? rows.map((row) => row.dataset.before) : [];
+}, change);
 
 const pairs = ({ rows }) =>
   rows.map(({ before = "", after = "", certain }) => `${before}-${after} ${certain}`).join(", ");
@@ -186,22 +171,18 @@ test("what the page says of massages is what the mission files say", async (t) =
   let flights = 0, uncertain = 0, wrong = 0;
   for (let seed = 0; seed < Massages; seed++) {
     const made = massage(seed % 4 ? "campgn01" : "campgn02", seed), truth = truthOf(made);
-    const said = await give(...(seed % 2 ? made.reports : made.reports.reverse()));
-    assert.equal(said.message, "", `seed ${seed}`);
-    const totals = said.totals.map(({ what, before, after }) => [what, [Number(before), Number(after)]]);
-    assert.deepEqual(Object.fromEntries(totals), totalsOf(made), `seed ${seed}`);
-
+    const content = await give(...(seed % 2 ? made.reports : made.reports.reverse()));
+    assert.equal(content.message, "", `seed ${seed}`);
     const isRight = ({ before, after }, k) => before === truth[k].numbers[0] && after === truth[k].numbers[1];
     flights += truth.length;
-    uncertain += said.rows.filter(({ certain }) => certain === "no").length;
-    wrong += said.rows.filter((row, k) => row.certain === "yes" && !isRight(row, k)).length;
-    if (!said.rows.every(isRight)) continue;
-    assert.deepEqual(said.rows.map((row) => [row.visible, isYou(row), row.cells[3], row.cells[4]]),
+    uncertain += content.rows.filter(({ certain }) => certain === "no").length;
+    wrong += content.rows.filter((row, k) => row.certain === "yes" && !isRight(row, k)).length;
+    if (!content.rows.every(isRight)) continue;
+    assert.deepEqual(content.rows.map((row) => [row.visible, isYou(row), row.cells[3], row.cells[4]]),
       truth.map(({ shown }) => shown), `seed ${seed}`);
-    const found = await filterByChange();
     for (const kind of ["altitude", "escort", "route", "size", "type", "removed"]) {
       const expected = truth.filter(({ changes }) => changes[kind]).map(({ numbers }) => numbers[0]);
-      assert.deepEqual(found[kind] ?? [], expected, `seed ${seed}, ${kind}`);
+      assert.deepEqual(await filterByChange(kind), expected, `seed ${seed}, ${kind}`);
     }
   }
   t.diagnostic(`${Massages} massages, ${flights} flights, ${uncertain} uncertain, ${wrong} wrong`);
@@ -233,7 +214,7 @@ test("pairs are certain only where nothing else is possible", async () => {
 });
 
 test("which report came first, and swapping", async () => {
-  const was = [flight("Alpha", [at(1), at(2), at(3), at(4)]), flight("Bravo", [at(1)])];
+  const was = [flight("Alpha", [at(1), at(2), at(3), at(4)]), flight("Bravo", [at(1)], { pilots: [1, 2] })];
   const is = [flight("Alpha", [at(1), at(2), at(300003), at(4)], { type: "Recon" }), was[1]];
   const before = report("b.txt", was), after = report("a.txt", is);
   for (const files of [[before, after], [after, before]]) {
@@ -242,17 +223,18 @@ test("which report came first, and swapping", async () => {
   }
   assert.equal(pairs(await give(report("a.txt", [is[0]]), before)), "0-0 yes, 1- yes");
   await page.click("#swap");
-  const said = await read();
-  assert.equal(pairs(said), "0-0 yes, -1 yes");
-  assert.equal(said.rows[1].cells[6], "added");
-  assert.deepEqual(said.totals[0], { what: "flights", before: "1", after: "2" });
+  const content = await read();
+  assert.equal(pairs(content), "0-0 yes, -1 yes");
+  assert.equal(content.rows[1].cells[6], "added");
+  assert.deepEqual(content.totals.map(({ what, before, after }) => `${what} ${before} ${after}`).sort(),
+    ["CAP 0 1", "Recon 1 1", "flights 1 2", "pilots 1 3", "planes 1 2"]);
 });
 
 test("the player's flight is marked only where it is proven", async () => {
   const options = (player) => ({ player, squadrons: [["Alpha", 1], ["Bravo", 1]] });
   const alpha = flight("Alpha", [at(1)]);
   const bravo = flight("Bravo", [at(2)]), escort = flight("Bravo", [at(2)], { type: "Escort" });
-  const marked = (said) => pairs({ rows: said.rows.filter(isYou) });
+  const marked = (content) => pairs({ rows: content.rows.filter(isYou) });
   const before = report("before.txt", [alpha, bravo, alpha, bravo, escort], options(1));
   assert.equal(marked(await give(before)), "1- yes");
   const removed = report("after.txt", [alpha, alpha, escort], options(1));  // its number is another flight's now
@@ -269,8 +251,8 @@ test("flights of the other side are hidden, flights without a nation are not", a
   const squadrons = Object.entries(nations).flatMap(([name, of]) => of.map((nation) => [name, nation]));
   const flights = names.map((name, k) => flight(name, [at(k)]));
   const shown = ({ rows }) => rows.filter(({ visible }) => visible).map(({ before }) => names[before]);
-  const said = await give(report("r.txt", flights, { squadrons }));
-  assert.deepEqual(shown(said), names.filter((name) => name !== "Bravo"));
+  const content = await give(report("r.txt", flights, { squadrons }));
+  assert.deepEqual(shown(content), names.filter((name) => name !== "Bravo"));
   await page.selectOption("#nation", "4");
   assert.deepEqual(shown(await read()), names.slice(2));
   await page.selectOption("#nation", "");
@@ -285,9 +267,9 @@ test("names are text, whatever they hold", async () => {
     "&lt;b&gt;, \"q\" 'q'", "M\xfcller \x80", "a\0b", "Mission:        3 ", "a\r\nb\rc\nd",
     "X   ID    : 5   Nation: 0   Planes: 8", "", " "];
   const flights = names.map((name, k) => flight(name, [at(k)], { plane: name }));
-  const said = await give(report("r.txt", flights, { squadrons: names.map((name) => [name, 1]) }));
+  const content = await give(report("r.txt", flights, { squadrons: names.map((name) => [name, 1]) }));
   const decoded = names.map((name) => name.replace("\x80", "€"));
-  assert.deepEqual(said.rows.map(({ cells }) => [cells[1].replace(" (you)", ""), cells[2]]),
+  assert.deepEqual(content.rows.map(({ cells }) => [cells[1].replace(" (you)", ""), cells[2]]),
     decoded.map((name) => [`Nation 1${name}`, name || "none"]));
   for (const row of await page.$$("#flights tbody tr")) await row.click();
   assert.equal(await page.title(), "Velmoran: the plan, before and after");
@@ -311,9 +293,6 @@ test("bad input is refused in one line, and the picture stays", async () => {
     "text after the end": [[file("r.txt", `${all}more\r\n`)], notReport("r.txt", lines.length)],
     "cut between flights": [cut(flight24), isCut(24)],
     "cut in a flight": [cut(flight24 + 200), isCut(25)],
-    "cut after a line": [cut(lines.slice(0, 40).join("\r\n").length + 2), isCut(1)],
-    "cut in the last list": [cut(end - 30), isCut(87)],
-    "cut by a line": [cut(end - 3), isCut(87)],
     "cut by a byte": [cut(end - 1), isCut(87)],
     "too large": [[big], "big.txt is larger than 20 MB."],
     "two days": [[before, massage("campgn02").reports[1]], "before.txt and after.txt don't belong together: choose " +
@@ -330,9 +309,9 @@ test("bad input is refused in one line, and the picture stays", async () => {
 });
 
 test("one report is a map of the plan, and a click in the map chooses a flight", async () => {
-  const said = await give(report("r.txt", [flight("Alpha", [at(0), at(100)])]));
-  assert.equal(pairs(said), "0- yes");
-  assert.deepEqual(said.totals[0], { what: "flights", before: "1" });
+  const content = await give(report("r.txt", [flight("Alpha", [at(0), at(100)])]));
+  assert.equal(pairs(content), "0- yes");
+  assert.deepEqual(content.totals[0], { what: "flights", before: "1" });
   assert.equal(await page.isDisabled("#swap"), true);
   await page.click("#map");
   assert.equal(await page.getAttribute("#flights tbody tr", "aria-current"), "true");

@@ -16,19 +16,23 @@ inline constexpr std::size_t LargestFile = std::size_t{256} << 20;  // in bytes
 struct Reason {
   FailureNumber number;
   std::string text;
+  std::string advice = {};  // for a file to read, if it differs from that for a missing one
 };
 
 inline Reason DoesNotExist() {
   return {FailureNumber::FileNotFound, "the file does not exist"};
 }
+inline Reason InvalidName() {
+  return {FailureNumber::FileNotFound, "this is not a valid file name"};
+}
 inline Reason FolderDoesNotExist() {
   return {FailureNumber::FileNotFound, "the folder does not exist"};
 }
 inline Reason PermissionDenied() {
-  return {FailureNumber::PermissionDenied, "permission denied"};
+  return {FailureNumber::PermissionDenied, "permission denied", "Check that you may read it."};
 }
 inline Reason InUse() {
-  return {FailureNumber::PermissionDenied, "another program is using it"};
+  return {FailureNumber::PermissionDenied, "another program is using it", "Close that program, and try again."};
 }
 inline Reason DiskIsFull() {
   return {FailureNumber::DiskFull, "the disk is full"};
@@ -43,19 +47,15 @@ inline Reason NotARegularFile() {
   return {FailureNumber::FileAccess, "it is not a regular file"};
 }
 inline Reason SystemError(unsigned long code) {
-  return {FailureNumber::FileAccess, "system error " + std::to_string(code)};
+  return {FailureNumber::FileAccess, "system error " + std::to_string(code), "Remove the cause, and try again."};
 }
 
 inline Failure CannotOpen(std::string_view path, const Reason& reason, std::string_view adviceIfMissing) {
   return {reason.number, Printable(path) + " can't be opened: " + reason.text,
-          reason.number == FailureNumber::FileNotFound ? std::string(adviceIfMissing)
-          : reason.number == FailureNumber::PermissionDenied
-              ? "Close other programs that use it, and check that you may "
-                "read it."
-              : ""};
+          reason.advice.empty() ? std::string(adviceIfMissing) : reason.advice};
 }
 inline Failure CannotRead(std::string_view path, const Reason& reason) {
-  return {reason.number, Printable(path) + " can't be read: " + reason.text};
+  return {reason.number, Printable(path) + " can't be read: " + reason.text, reason.advice};
 }
 inline Failure TooLarge(std::string_view path) {
   return {FailureNumber::FileAccess, Printable(path) + " is larger than 256 MiB"};

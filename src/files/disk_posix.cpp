@@ -37,6 +37,9 @@ Reason ReasonFor(int error) {
       return IsAFolder();
     case ENXIO:  // a pipe that nobody reads, a socket
       return NotARegularFile();
+    case EILSEQ:
+    case ENAMETOOLONG:
+      return InvalidName();
     default:
       return SystemError(static_cast<unsigned long>(error));
   }
@@ -93,12 +96,15 @@ struct Handle {
 
 int Open(const std::string& path, int flags) {
   if (path.find('\0') != std::string::npos) {  // the system would stop there
-    errno = ENOENT;
+    errno = EILSEQ;
     return -1;
   }
   constexpr mode_t AsTheUserSets = 0666;
-  // Doesn't wait for the other end of a pipe.
-  return open(path.c_str(), flags | O_NONBLOCK | O_NOCTTY | O_CLOEXEC, AsTheUserSets);
+  int file;
+  do {  // without waiting for the other end of a pipe
+    file = open(path.c_str(), flags | O_NONBLOCK | O_NOCTTY | O_CLOEXEC, AsTheUserSets);
+  } while (file < 0 && errno == EINTR);
+  return file;
 }
 
 // 0 for a regular file, else a value of errno.
@@ -117,7 +123,11 @@ class SignalsHeld {
     struct sigaction note {};
     note.sa_handler = [](int signal) { noted = signal; };
     note.sa_flags = SA_RESTART;
-    for (std::size_t i = 0; i < Ending.size(); ++i) sigaction(Ending[i], &note, &before_[i]);
+    for (std::size_t i = 0; i < Ending.size(); ++i) {
+      sigaction(Ending[i], nullptr, &before_[i]);
+      // A signal that the program ignores must not take the place of another.
+      if (before_[i].sa_handler != SIG_IGN) sigaction(Ending[i], &note, nullptr);
+    }
     struct sigaction ignore {};
     ignore.sa_handler = SIG_IGN;
     sigaction(SIGXFSZ, &ignore, &beforeLimit_);
@@ -131,7 +141,7 @@ class SignalsHeld {
   SignalsHeld& operator=(const SignalsHeld&) = delete;
 
  private:
-  static constexpr std::array Ending{SIGINT, SIGTERM, SIGHUP, SIGQUIT};
+  static constexpr std::array Ending{SIGINT, SIGTERM, SIGHUP, SIGQUIT, SIGXCPU, SIGALRM, SIGUSR1, SIGVTALRM, SIGUSR2};
   static inline volatile std::sig_atomic_t noted = 0;
   std::array<struct sigaction, Ending.size()> before_{};
   struct sigaction beforeLimit_ {};
@@ -150,7 +160,11 @@ std::size_t WriteAll(int file, std::span<const Byte> bytes) {
 }
 
 bool FlushToDisk(int file) {
-  return fsync(file) == 0 || errno == EINVAL || errno == ENOTSUP;  // not every file system can
+  int result;
+  do {
+    result = fsync(file);
+  } while (result != 0 && errno == EINTR);
+  return result == 0 || errno == EINVAL || errno == ENOTSUP;  // not every file system can
 }
 
 }  // namespace

@@ -15,12 +15,14 @@ Reason ReasonFor(DWORD error) {
   switch (error) {
     case ERROR_FILE_NOT_FOUND:
     case ERROR_PATH_NOT_FOUND:
-    case ERROR_INVALID_NAME:
     case ERROR_INVALID_DRIVE:
-    case ERROR_BAD_PATHNAME:
     case ERROR_BAD_NETPATH:
     case ERROR_BAD_NET_NAME:
       return DoesNotExist();
+    case ERROR_INVALID_NAME:
+    case ERROR_BAD_PATHNAME:
+    case ERROR_FILENAME_EXCED_RANGE:
+      return InvalidName();
     case ERROR_ACCESS_DENIED:
     case ERROR_WRITE_PROTECT:
     case ERROR_PRIVILEGE_NOT_HELD:
@@ -73,6 +75,12 @@ HANDLE Open(const std::string& path, DWORD access, DWORD disposition) {
 bool IsFolder(const std::string& path) {
   const DWORD attributes = GetFileAttributesW(ToUtf16(path).c_str());
   return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+}
+
+// Why a file can't be opened for writing, which would create it if only the file were missing.
+Reason ReasonForWriting(const std::string& path, DWORD error) {
+  if (IsFolder(path)) return IsAFolder();
+  return error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND ? FolderDoesNotExist() : ReasonFor(error);
 }
 
 // While one exists, a request to end the program waits (Ctrl+C, closing the console, logging off; the system waits for
@@ -162,11 +170,7 @@ void WriteFile(const std::string& path, std::span<const Byte> bytes, Flush flush
   const EndHeld held;
   Handle opened(Open(path, GENERIC_WRITE, OPEN_ALWAYS));
   if (opened.file == INVALID_HANDLE_VALUE) {
-    const DWORD error = GetLastError();
-    const Reason reason = ReasonFor(error);
-    throw CannotOpenForWriting(path, IsFolder(path)                                 ? IsAFolder()
-                                     : reason.number == FailureNumber::FileNotFound ? FolderDoesNotExist()
-                                                                                    : reason);
+    throw CannotOpenForWriting(path, ReasonForWriting(path, GetLastError()));
   }
   if (GetFileType(opened.file) != FILE_TYPE_DISK) throw CannotOpenForWriting(path, NotARegularFile());
   if (SetEndOfFile(opened.file) == 0) throw CannotOpenForWriting(path, ReasonFor(GetLastError()));

@@ -102,14 +102,21 @@ Massages MassageCopies(const RunState& opened) {
 
 void WriteCsv(const RunState& opened, const Massages& massages) {
   try {
-    const std::string csv = Csv(opened, massages);
-    WriteFile(PathForReport(arguments.csv), std::span(reinterpret_cast<const Byte*>(csv.data()), csv.size()),
-              Flush::No);
-  } catch (Failure& failure) {
-    failure.advice = "Remove the cause, or choose another name or folder for the file.";
-    ShowMessage(FailureText(failure));
-    Finish(EXIT_FAILURE);
+    try {
+      const std::string csv = Csv(opened, massages);
+      WriteFile(PathForReport(arguments.csv), std::span(reinterpret_cast<const Byte*>(csv.data()), csv.size()),
+                Flush::No);
+      return;
+    } catch (Failure& failure) {
+      failure.advice = "Remove the cause, or choose another name or folder for the file.";
+      ShowMessage(FailureText(failure));
+    }
+  } catch (const std::bad_alloc&) {
+    ShowMessage(
+        "Error # 7 Not enough memory. The file that --csv names may be missing or incomplete. Close other programs and "
+        "try again.");
   }
+  Finish(EXIT_FAILURE);
 }
 
 void Run(RunState& run) {

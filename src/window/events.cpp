@@ -65,11 +65,25 @@ void Enter(RunState& run, const FormState& state) {
   SetHintText(run.HintText);
 }
 
+// Shows the failure, with the advice if it has none of its own. If there isn't enough memory for its text, shows the
+// other one.
+void ShowFailure(Failure& failure, std::string_view advice, std::string_view notEnoughMemory) {
+  try {
+    if (failure.advice.empty()) failure.advice = advice;
+    ShowMessage(FailureText(failure));
+  } catch (const std::bad_alloc&) {
+    ShowMessage(notEnoughMemory);
+  }
+}
+
 // Shows a failure after which no file has changed.
-void ShowRefusal(Failure failure, std::string_view advice) {
-  failure.description += ". No file was changed";
-  if (failure.advice.empty()) failure.advice = advice;
-  ShowMessage(FailureText(failure));
+void ShowRefusal(Failure& failure, std::string_view advice, std::string_view notEnoughMemory) {
+  try {
+    failure.description += ". No file was changed";
+    ShowFailure(failure, advice, notEnoughMemory);
+  } catch (const std::bad_alloc&) {
+    ShowMessage(notEnoughMemory);
+  }
 }
 
 }  // namespace
@@ -85,8 +99,7 @@ void Form_Load(RunState& run) {
     ReadSetup(run);
     GetSquadInfo(run);
   } catch (Failure& failure) {
-    if (failure.advice.empty()) failure.advice = "Replace it with an intact copy.";
-    ShowMessage(FailureText(failure));
+    ShowFailure(failure, "Replace it with an intact copy.", NotEnoughMemoryToStart);
     EndProgram(true);
   } catch (const std::bad_alloc&) {
     ShowMessage(NotEnoughMemoryToStart);
@@ -96,6 +109,8 @@ void Form_Load(RunState& run) {
 }
 
 void OpenB_Click(RunState& run) {
+  constexpr std::string_view NotEnoughMemory =
+      "Error # 7 Not enough memory to open the file. No file was changed. Close other programs and try again.";
   try {
     run.MisPath = ShowOpenDialog(run.WorkDir, AnyMissionFile);
     if (run.MisPath == AnyMissionFile || run.MisPath.empty()) return;  // Quirk 13: this text means Cancel.
@@ -107,12 +122,12 @@ void OpenB_Click(RunState& run) {
     ReadCampaignDate(run);
     ReadMissions(run, file.ReadAll(), shownPath);
     run.MissionFile = std::move(path);
-  } catch (const Failure& failure) {
-    ShowRefusal(failure, "If it is the right file, it is damaged: restore your copy of the campaign folder.");
+  } catch (Failure& failure) {
+    ShowRefusal(failure, "If it is the right file, it is damaged: restore your copy of the campaign folder.",
+                NotEnoughMemory);
     return;
   } catch (const std::bad_alloc&) {
-    ShowMessage(
-        "Error # 7 Not enough memory to open the file. No file was changed. Close other programs and try again.");
+    ShowMessage(NotEnoughMemory);
     return;
   }
   SetTargetCaption(run.MisPath);  // Quirk 7: replaces "Target: " too.
@@ -121,11 +136,15 @@ void OpenB_Click(RunState& run) {
 
 bool AcceptPlan(const RunState& run) {
   try {
-    CheckPlan(run);
-    return true;
-  } catch (const Failure& failure) {
-    ShowRefusal({failure.number, Printable(run.MissionFile) + ", " + failure.description},
-                "Velmoran can't massage this plan: press Exit, and fly it as it is.");
+    const std::string place = Printable(run.MissionFile) + ", ";
+    try {
+      CheckPlan(run);
+      return true;
+    } catch (Failure& failure) {
+      failure.description.insert(0, place);
+      ShowRefusal(failure, "Velmoran can't massage this plan: press Exit, and fly it as it is.",
+                  NotEnoughMemoryToMassage);
+    }
   } catch (const std::bad_alloc&) {
     ShowMessage(NotEnoughMemoryToMassage);
   }
@@ -147,39 +166,44 @@ void MassageB_Click(RunState& run) {
 }
 
 void ReportB_Click(RunState& run) {
+  std::string_view notEnoughMemory =
+      "Error # 7 Not enough memory for the report. No file was changed. Close other programs and try again.";
   try {
     // Quirk 16: Cancel gives the name that was offered.
     const std::string path = ShowSaveDialog(run.WorkDir, ReportName);
     const std::string report = ComposeReport(run);
-    WriteFile(PathForReport(path), std::span(reinterpret_cast<const Byte*>(report.data()), report.size()), Flush::No);
+    const std::string file = PathForReport(path);
+    notEnoughMemory =
+        "Error # 7 Not enough memory. The report may be missing or incomplete. Close other programs and try again.";
+    WriteFile(file, std::span(reinterpret_cast<const Byte*>(report.data()), report.size()), Flush::No);
   } catch (Failure& failure) {
-    failure.advice = "Remove the cause, or choose another name or folder for the report.";
-    ShowMessage(FailureText(failure));
+    ShowFailure(failure, "Remove the cause, or choose another name or folder for the report.", notEnoughMemory);
   } catch (const std::bad_alloc&) {
-    ShowMessage(
-        "Error # 7 Not enough memory: the report is missing or incomplete. Close other programs and try again.");
+    ShowMessage(notEnoughMemory);
   }
 }
 
 void WriteB_Click(RunState& run) {
   run.WriteFailed = true;
-  bool emptied = false;
+  std::string_view notEnoughMemory =
+      "Error # 7 Not enough memory. No file was changed. The massaged flights are kept: close other programs, and "
+      "press "
+      "Write again before you exit.";
   try {
     const std::vector<Byte> image = ComposeMissionImage(run);  // complete before the file is emptied
-    emptied = true;
+    notEnoughMemory =
+        "Error # 7 Not enough memory. The mission file may be incomplete now. The massaged flights are kept: close "
+        "other "
+        "programs, and press Write again before you exit.";
     // Quirk 17: no question and no backup.
     WriteFile(run.MissionFile, image, Flush::ToDisk);
     run.WriteFailed = false;
   } catch (Failure& failure) {
-    failure.advice = "The massaged flights are kept: remove the cause, and press Write again before you exit.";
-    ShowMessage(FailureText(failure));
+    ShowFailure(failure, "The massaged flights are kept: remove the cause, and press Write again before you exit.",
+                notEnoughMemory);
     return;
   } catch (const std::bad_alloc&) {
-    ShowMessage(emptied
-                    ? "Error # 7 Not enough memory. The mission file may be incomplete now. The massaged flights are "
-                      "kept: close other programs, and press Write again before you exit."
-                    : "Error # 7 Not enough memory. No file was changed. The massaged flights are kept: close other "
-                      "programs, and press Write again before you exit.");
+    ShowMessage(notEnoughMemory);
     return;
   }
   Enter(run, Written);

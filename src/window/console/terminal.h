@@ -6,8 +6,8 @@
 
 namespace velmoran {
 
-// Prepares the process: a broken pipe is an error of WriteLine instead of the end of the program, and freed memory is
-// kept for later use.
+// Prepares the process: a broken pipe, or a file that has reached the limit on its size, is an error of WriteLine
+// instead of the end of the program, and freed memory is kept for later use.
 void BeginTerminal();
 
 // Whether standard input is a terminal.

@@ -10,6 +10,7 @@ namespace velmoran {
 
 void BeginTerminal() {
   std::signal(SIGPIPE, SIG_IGN);
+  std::signal(SIGXFSZ, SIG_IGN);
 #ifdef __GLIBC__  // which would give a report's memory back to the system, and take fresh pages for the next report
   constexpr int Kept = 32 << 20;  // in bytes, more than a plan and its report take
   mallopt(M_MMAP_THRESHOLD, Kept);
