@@ -15,10 +15,9 @@ void CombineFormations(RunState& run);
 // The row of SquadGroups with the squadron, the last of several, or -1.
 Integer isGroupedSquadron(const RunState& run, Integer squadID);
 
-// The first flight of a squadron of the group (a row of SquadGroups) that sourceIndex can join, or -1. Always one draw;
-// one below
-// GroupOdds of the group's Kind, in row 0 of Periods, joins nothing. Neither does a Kind outside 0 to 4. squadID is not
-// used.
+// The first flight of a squadron of the group (a row of SquadGroups) that sourceIndex can join, or -1. Always one draw.
+// A draw below GroupOdds of the group's Kind, in row 0 of Periods, joins nothing. Neither does a Kind outside 0 to 4.
+// squadID is not used.
 Integer findAssociatedMissionIndex(RunState& run, Integer squadID, Integer groupIndex, Integer sourceIndex);
 
 // Copies the mission of sourceIndex to targetIndex: types, Target, HeadLong16, HeadLong24 and the waypoints. The first

@@ -18,15 +18,15 @@ struct Prospect {
   const MissionRec* flight = nullptr;
   Integer row = 0;  // of Missions
   Integer nation = 0;
-  Integer aircraft = 0;     // row of Aircraft that counts for its mission type and altitude
-  Long classRow = -1;       // of ClassOdds that redraws its mission type, or -1
-  bool players = false;     // in the player's squadron
-  bool playersOwn = false;  // the player's flight
-  bool scaled = false;      // by class: SizeFactor and RemoveOdds count outside the player's squadron
-  bool climbs = false;      // has a waypoint that gets an altitude
-  TypeSet drawn;            // mission types before some become offensive patrols
-  TypeSet flown;            // after that: for altitudes
-  TypeSet stored;           // in its row in the end: for sizes
+  Integer aircraft = 0;  // row of Aircraft that counts for its mission type and altitude
+  Long classRow = -1;    // of ClassOdds that redraws its mission type, or -1
+  bool inPlayerSquadron = false;
+  bool isPlayerFlight = false;
+  bool scaled = false;         // by class: SizeFactor and RemoveOdds count outside the player's squadron
+  bool keepsAltitudes = true;  // has no waypoint that gets an altitude
+  TypeSet drawn;               // mission types before some become offensive patrols
+  TypeSet flown;               // after that: for altitudes
+  TypeSet stored;              // in its row in the end: for sizes
 };
 
 // One for each row of Missions. run must be a plan that CheckPlan accepts and that isn't massaged.
