@@ -24,7 +24,7 @@ inline constexpr std::string_view Help =
     "Without MISSION_FILE (campgn??.mis) it asks for one.\n";
 
 struct Arguments {
-  bool help = false, version = false;  // if either is set, the rest is not filled in
+  bool help = false, version = false;  // if either is set, ignore the rest
   Long massages = 1000;                // 1 to 100000
   std::string csv, mission;            // paths; empty if not given
 };

@@ -36,8 +36,8 @@ std::vector<Prospect> Foresee(const RunState& run);
 // be one, or if the flight's nation or squadron keeps its size within 12.
 double LargestSize(const RunState& run, const Prospect& prospect, Long type);
 
-// Whether GetBaseAlt can draw an altitude for the flight as a mission of this type, or of any.
 inline constexpr Long AnyType = -1;
+// Whether GetBaseAlt can draw an altitude for the flight as a mission of this type, or of any type for AnyType.
 bool GetsAltitude(const RunState& run, const Prospect& prospect, Long type);
 
 }  // namespace velmoran

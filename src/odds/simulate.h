@@ -11,7 +11,7 @@ namespace velmoran {
 
 inline constexpr Long OtherType = TypesFilled;  // where Outcome counts the mission types that have no name
 
-// What came out of one massage. The fields from flights on are set by a complete massage only, and else zero.
+// What came out of one massage. The fields from flights on are zero unless the massage was complete.
 // Counts and sums are over the flights in play afterwards.
 struct Outcome {
   enum class End { Complete, InvalidSize, ListOverflow };
