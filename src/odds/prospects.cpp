@@ -13,9 +13,8 @@ namespace {
 // The row of ClassOdds that counts for the class on a mission of this type, or -1.
 Long ClassRow(Integer aircraftClass, Long type) {
   if (aircraftClass == ClassArmoured) return ClassOddsRows - 1;
-  const bool twoSeater = aircraftClass >= ClassFirstTwoSeater && aircraftClass <= ClassLastTwoSeater;
   const bool redrawn = type == TypeBomb || type == TypeRecon || type == TypeSpotting;
-  return twoSeater && redrawn ? aircraftClass - ClassFirstTwoSeater : -1;
+  return IsTwoSeaterClass(aircraftClass) && redrawn ? aircraftClass - ClassFirstTwoSeater : -1;
 }
 
 // Adds all types that AlterMissionType can choose.

@@ -31,8 +31,8 @@ std::string Item(const char* table, Long row, const char* field) {
   return std::string(table) + " row " + to_string(row) + " " + field;
 }
 
-std::string Item(const char* table, Long row, const char* field, Long entry) {
-  return Item(table, row, field) + " " + to_string(entry);
+std::string Item(const char* table, Long row, const char* field, Long number) {
+  return Item(table, row, field) + " " + to_string(number);
 }
 
 // " (CAP)"
@@ -79,8 +79,8 @@ struct Warner {
     for (Long type = 0; type < TypesFilled; ++type) {
       const Prospects affected =
           Select([&](const Prospect& flight) { return LargestSize(run, flight, type) > LargestScaled; });
-      if (Most(type) <= Slots || affected.empty()) continue;
-      Warn(Limit(type, Most(type)) + ": a flight that gets more than 12 planes" + EndedBy(affected) +
+      if (MostPlanes(type) <= Slots || affected.empty()) continue;
+      Warn(PlaneLimit(type, MostPlanes(type)) + ": a flight that gets more than 12 planes" + EndedBy(affected) +
            ". Lower it to 12 or less.");
     }
     for (Long nation = 1; nation < NationColumns; ++nation) {
@@ -88,17 +88,17 @@ struct Warner {
       const Prospects affected = Select([&](const Prospect& flight) {
         bool tooMany = false;
         for (Long type = 0; type < TypesFilled; ++type) {
-          if (flight.nation != nation || Most(type) > Slots || LargestSize(run, flight, type) <= LargestScaled)
+          if (flight.nation != nation || MostPlanes(type) > Slots || LargestSize(run, flight, type) <= LargestScaled)
             continue;
           tooMany = true;
-          if (worst == AnyType || Most(type) > Most(worst)) worst = type;
+          if (worst == AnyType || MostPlanes(type) > MostPlanes(worst)) worst = type;
         }
         return tooMany;
       });
       if (affected.empty()) continue;
-      const Long most = Most(worst);
-      Warn(Item("Periods", run.WarPeriod, "SizeFactor", nation) + " is " + Number(Factor(nation)) + ": with " +
-           Limit(worst, most) + ", a flight can get " + to_string(RoundEven(most * Factor(nation))) +
+      const Long most = MostPlanes(worst);
+      Warn(Item("Periods", run.WarPeriod, "SizeFactor", nation) + " is " + Number(SizeFactor(nation)) + ": with " +
+           PlaneLimit(worst, most) + ", a flight can get " + to_string(RoundEven(most * SizeFactor(nation))) +
            " planes. More than 12" + EndedBy(affected) + ". Lower the factor to " +
            Number(std::floor(LargestScaled / most * 100) / 100) + " or less.");
     }
@@ -116,9 +116,9 @@ struct Warner {
       const auto isEmptied = [](const Outcome& outcome) { return outcome.hasEmptyFlight; };
       const Long least = std::min(def.MinPlanes, def.MaxPlanes);
       if (least < 1 && !ending.empty()) {
-        Warn(Limit(type, least) + ": a flight that gets 0 planes" + EndedBy(ending) + ". Raise it to 1 or more.");
+        Warn(PlaneLimit(type, least) + ": a flight that gets 0 planes" + EndedBy(ending) + ". Raise it to 1 or more.");
       } else if (def.MinPlanes < 1 && !mates.empty() && std::ranges::any_of(massages.outcomes, isEmptied)) {
-        Warn(Limit(type, def.MinPlanes) +
+        Warn(PlaneLimit(type, def.MinPlanes) +
              ": a flight of your squadron that finds no pilots left stays in the plan, with "
              "0 planes, as in " +
              Share(isEmptied) + ". Raise it to 1 or more.");
@@ -274,12 +274,14 @@ struct Warner {
   }
 
  private:
-  double Factor(Long nation) const { return run.Periods[run.WarPeriod].SizeFactor[nation]; }
+  double SizeFactor(Long nation) const { return run.Periods[run.WarPeriod].SizeFactor[nation]; }
 
-  Long Most(Long type) const { return std::max(run.MissionDefs[type].MinPlanes, run.MissionDefs[type].MaxPlanes); }
+  Long MostPlanes(Long type) const {
+    return std::max(run.MissionDefs[type].MinPlanes, run.MissionDefs[type].MaxPlanes);
+  }
 
   // "MissionDefs row 4 MaxPlanes 6 (CAP)": the limit of the mission type that has this value.
-  std::string Limit(Long type, Long value) const {
+  std::string PlaneLimit(Long type, Long value) const {
     return Item("MissionDefs", type, run.MissionDefs[type].MaxPlanes == value ? "MaxPlanes" : "MinPlanes", value) +
            Named(type);
   }

@@ -66,6 +66,10 @@ constexpr bool IsScaledClass(Integer aircraftClass) {
   return aircraftClass >= 0 && aircraftClass < ClassFirstTwoSeater;
 }
 
+constexpr bool IsTwoSeaterClass(Integer aircraftClass) {
+  return aircraftClass >= ClassFirstTwoSeater && aircraftClass <= ClassLastTwoSeater;
+}
+
 inline constexpr Integer NationZero = 0;        // allowed fewer planes than the others; its flights are never moved
 inline constexpr Long NationZeroMaxPlanes = 9;  // in a flight, and in all flights of a squadron together
 inline constexpr Long SquadronMaxPlanes = 12;   // in all flights of a squadron of any other nation together

@@ -261,8 +261,7 @@ void BuildForm(RunState& run) {
   bands->addSpacerItem(new Space(Margin));
   form.window->setWidget(content);
   QObject::connect(qApp, &QApplication::focusChanged, form.window, [](QWidget* /*before*/, QWidget* focus) {
-    const bool pressed =
-        QApplication::mouseButtons() != Qt::NoButton;  // by the mouse: scrolling would move the button away from it
+    const bool pressed = QApplication::mouseButtons() != Qt::NoButton;  // then scrolling would move the button away
     if (!pressed && form.window->isAncestorOf(focus)) form.window->ScrollTo(*focus);
   });
   form.window->resize(form.window->sizeHint());
@@ -398,8 +397,7 @@ int main(int /*argc*/, char** argv) {
   const QApplication application(argumentCount, argv);
   qInstallMessageHandler(defaultHandler);
   QApplication::setWindowIcon(Icon());
-  QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope,
-                     "/dev/null");  // or Qt's dialog would store settings
+  QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, "/dev/null");  // Qt's dialog stores no settings
 
   const auto run = std::make_unique<RunState>();
   BuildForm(*run);

@@ -30,7 +30,7 @@ constexpr std::size_t TipColumns = 80;
 constexpr int TitlePercent = 220;  // the size of Label1, in hundredths of the system font's
 constexpr const wchar_t* TitleFaces[] = {L"MS Sans Serif", L"Microsoft Sans Serif"};  // the latter can be scaled
 constexpr int RuleHeight = 2;   // in pixels at any dpi: a rule draws just these, and doesn't erase what is below them
-constexpr int LeastSpace = 25;  // percent of the space between the controls that stay before the form scrolls
+constexpr int LeastSpace = 25;  // percent of the space between the controls that is left when the form scrolls
 constexpr int ScrollLines = 3;  // for a click on the scroll bar's arrow, in lines of the system font
 constexpr DWORD LongestPath = 32768;  // in UTF-16 units, with the final zero
 
@@ -288,7 +288,7 @@ void ShowFocus() {
 // Sets the tool tip of ltarget to its whole caption: the label shows a long one shortened in the middle.
 void SetTip(std::string_view text) {
   std::wstring wide = ToUtf16(text);
-  for (std::size_t begin = 0; wide.size() - begin > TipColumns; ++begin) {  // breaks the lines
+  for (std::size_t begin = 0; wide.size() - begin > TipColumns; ++begin) {  // breaks it into lines
     const std::size_t separator = wide.rfind(L'\\', begin + TipColumns);
     begin = separator == std::wstring::npos || separator < begin ? begin + TipColumns : separator + 1;
     wide.insert(begin, 1, L'\n');
