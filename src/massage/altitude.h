@@ -5,8 +5,9 @@
 
 namespace velmoran {
 
-// The lowest start of the range that a mission type and an aircraft have in common. If they have none, altitudes are
-// drawn from SubstituteDepth below the higher of their minimums, but not from below SubstituteFloor.
+// Altitudes are drawn from the range that a mission type and an aircraft have in common, from RangeFloor up. If they
+// have none, they are drawn from the SubstituteDepth below the higher of their minimums (RangeFloor or more), but from
+// no less than SubstituteFloor.
 inline constexpr Integer RangeFloor = 2000, SubstituteDepth = 1000, SubstituteFloor = 1500;
 
 // Draws BaseAlt (1500 or more) from the range that row MissionType (0 to 20) of MissionDefs and row Aircraft (0 to 50)
