@@ -72,7 +72,7 @@ namespace {
 using namespace velmoran;
 namespace fs = std::filesystem;
 
-// What is compared takes turns, so that a busy minute slows both alike; the median of the turns' ratios counts.
+// The two sides of a comparison take turns, so that a busy minute slows both; the median of the turns' ratios counts.
 constexpr int EventTurns = 201, ConsoleTurns = 201, WindowTurns = 31;
 
 constexpr std::array<Long, 3> Sizes{50, 100, MissionRows};  // in flights

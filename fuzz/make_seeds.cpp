@@ -44,7 +44,7 @@ std::string SmallPlan(const std::string& image, Long flights, Long points) {
   return {small.begin(), small.end()};
 }
 
-// The escorts of a plan, the flights that they meet, and the first flights, the player's among them; of at most so many
+// The first flights of a plan up to the player's, its escorts and the flights that they escort, but at most most
 // flights.
 std::string EscortPlan(const std::string& image, Long most) {
   const auto whole = std::make_unique<RunState>(), part = std::make_unique<RunState>();
@@ -73,14 +73,14 @@ std::string EscortPlan(const std::string& image, Long most) {
 // The campaign file on another day and with other control words.
 std::string Campaign(std::string bytes, char day, char gate, char axis) {
   constexpr std::size_t DateAt = 3201, GateAt = 3216,
-                        AxisAt = 3460;  // the middle bits of the date; axis behind the lists
+                        AxisAt = 3460;  // the middle bits of the date; the axis follows the lists
   bytes[DateAt] = static_cast<char>(bytes[DateAt] + day);
   bytes[GateAt] = gate;
   bytes[AxisAt] = axis;
   return bytes;
 }
 
-// Flights of some types are of no planes then, which ends a massage.
+// Gives flights of some types no planes, which ends a massage.
 std::string WithoutPlanes(std::string ini) {
   constexpr std::string_view Sizes = " 1, 3\n";
   return ini.replace(ini.find(Sizes), Sizes.size(), " 0, 0\n");
@@ -93,7 +93,7 @@ void MakeSeeds(const fs::path& sample, const fs::path& target) {
                     roster = Read(sample / "data/simpatch/squadron.dat");
   Save(target / "setup/sample", ini + cut + txt);
   Save(target / "roster/sample", roster);
-  // As many flights as fit, and one more behind them.
+  // As many flights as fit, and one more after them.
   const std::string most = SmallPlan(Read(sample / "campaign/campgn02.mis"), MissionRows, 0);
   Save(target / "mission/most_flights", most + most.substr(17, 368));
   const auto asRun = [&](const std::string& events, const std::string& plan, const std::string& campaign,

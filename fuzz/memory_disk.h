@@ -15,7 +15,7 @@ using Files = std::map<std::string, Bytes, std::less<>>;  // by the name without
 extern Files files;
 extern bool diskIsFull;  // a file written then is cut in half
 
-// The parts of a fuzzer's input that cuts part, in order.
+// Splits a fuzzer's input at each Cut.
 std::vector<Bytes> Parts(const velmoran::Byte* data, std::size_t size);
 inline constexpr std::string_view Cut = "\xFE\xFD<cut>";
 

@@ -1,4 +1,4 @@
-// The mission file and, behind a cut, the campaign file, with the sample's setup files and roster. Without a cut the
+// The mission file and, after a cut, the campaign file, with the sample's setup files and roster. Without a cut the
 // campaign file is the sample's too.
 #include <fstream>
 #include <iterator>
@@ -23,7 +23,7 @@ const fuzz::Files& Sample() {
   return sample;
 }
 
-// The file after a whole run, and what the user was told.
+// The file after a whole run, and the messages shown.
 std::pair<fuzz::Bytes, std::vector<std::string>> AfterAMassage() {
   fuzz::Session session;
   session.Open();

@@ -1,5 +1,5 @@
-// A whole run: the order of the events, the mission file, the campaign file, the two setup files and the roster, parted
-// by cuts. A part that isn't there is a file that is missing.
+// A whole run: the order of the events, the mission file, the campaign file, the two setup files and the roster,
+// separated by cuts. A part that isn't there is a file that is missing.
 #include <algorithm>
 #include <array>
 #include <span>

@@ -25,7 +25,7 @@ constexpr std::size_t HeaderSize = 17, HeadSize = 216, LinkSize = 4, WaypointSiz
 constexpr std::size_t WPCountAt = 192, EscortFlagAt = 204;
 
 // What a plan that nothing has altered becomes in the file: all of it up to its last record, but without the links that
-// a negative flag announces. The offsets are worked out here once more, apart from the program's own.
+// a negative flag announces. The offsets here are independent of the program's.
 Bytes Unaltered(const Bytes& file, Long count) {
   Bytes kept(file.begin(), file.begin() + HeaderSize);
   auto at = file.begin() + HeaderSize;
@@ -41,7 +41,7 @@ Bytes Unaltered(const Bytes& file, Long count) {
   return kept;
 }
 
-// No file: nothing else begins with its name.
+// The file's bytes; none if there is no such file.
 const Bytes& FileNow(std::string_view name) {
   static const Bytes none;
   const auto file = files.find(name);
@@ -132,7 +132,7 @@ void Session::CheckMassaged(Long playerSquad) const {
     if (run_.Removed[row] != InPlay) continue;
     const MissionRec& flight = run_.Missions[row];
     Expect(flight.FlightID == number++, "the flights in play are numbered from 0");
-    // Of several rows that bear the player's number one is sized; the others keep their planes.
+    // Of several rows with the player's number, one is sized; the others keep their planes.
     if (flight.SquadID == playerSquad && std::ranges::find(run_.SquadFlights, row) == run_.SquadFlights.end()) {
       continue;
     }

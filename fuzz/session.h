@@ -1,5 +1,5 @@
 // A run of the program, by its events, on files in memory; one at a time. After every event it checks what must hold
-// whatever the files are, and stops the process where it doesn't.
+// for any files, and stops the process if it doesn't.
 #pragma once
 
 #include <string>
@@ -12,10 +12,10 @@ namespace fuzz {
 inline constexpr const char *MissionName = "campgn01.mis", *CampaignName = "campgn01.dat", *IniName = "Velmoran.ini",
                             *AircraftName = "Velmoran.txt", *RosterName = "squadron.dat", *ReportName = "report.txt";
 
-// The one RunState of the process, made anew: to get so much memory again and again takes longer than most runs.
+// The one RunState of the process, initialized again: allocating it each time would take longer than most runs.
 velmoran::RunState& FreshState();
 
-// Stops the process, and tells what didn't hold.
+// If it doesn't hold, stops the process and prints what.
 void Expect(bool holds, const char* what);
 
 class Session {
@@ -33,7 +33,7 @@ class Session {
   const velmoran::RunState& run() const { return run_; }
 
  private:
-  // Does the event, and tells whether it was refused: nothing of the plan and of the form has changed then.
+  // Calls the event. Returns whether it was refused, and checks that the plan and the form haven't changed then.
   bool Refused(char button, void (*event)(velmoran::RunState&));
   void CheckMassaged(velmoran::Long playerSquad) const;
 

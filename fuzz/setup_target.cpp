@@ -1,4 +1,4 @@
-// The two setup files, parted by a cut.
+// The two setup files, separated by a cut.
 #include <cmath>
 
 #include "fakes.h"
@@ -62,7 +62,7 @@ extern "C" int LLVMFuzzerTestOneInput(const Byte* data, std::size_t size) {
   fuzz::Expect(message.empty() || message.find(" line ") != std::string::npos, "the message names a line");
   fuzz::Expect(message.find_first_of("\r\n") == std::string::npos, "the message is one line");
 
-  // A byte order mark in front and line ends behind the last item mean nothing.
+  // A byte order mark in front and line ends after the last item mean nothing.
   for (auto& [name, text] : fuzz::files) {
     constexpr std::string_view Mark = "\xEF\xBB\xBF";
     const bool marked =

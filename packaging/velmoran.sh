@@ -1,5 +1,5 @@
 #!/bin/sh
-# Starts the window in its own folder, wherever this is called from. Where the system can't load it, says what is missing.
+# Starts the window in its own folder, wherever this is called from. If a library isn't there, says what to install.
 cd "$(dirname "$(readlink -f "$0")")" || exit
 lacking=$(LC_ALL=C ldd lib/velmoran 2>&1 | grep 'not found')
 [ -n "$lacking" ] || exec lib/velmoran

@@ -70,7 +70,7 @@ std::vector<Byte> Roster() {
   return bytes;
 }
 
-// The campaign file as far as the tool reads it, and some more.
+// A campaign file: what the tool reads of it, and some bytes after that.
 std::vector<Byte> Campaign(Long day, Byte gate, Byte axis) {
   constexpr Byte firstList = 2, secondList = 3;
   std::vector<Byte> bytes(3600, Byte{0x33});
@@ -112,8 +112,8 @@ int main(int argc, char** argv) {
   } catch (const Failure& failure) {
     std::cerr << failure.description << '\n';
     return EXIT_FAILURE;
-  } catch (const std::exception& trouble) {
-    std::cerr << trouble.what() << '\n';
+  } catch (const std::exception& error) {
+    std::cerr << error.what() << '\n';
     return EXIT_FAILURE;
   }
 }

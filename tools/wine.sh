@@ -3,7 +3,7 @@ export WINEARCH=win64 WINEPREFIX=$PWD/build/wine/prefix HOME=$PWD/build/wine/hom
 export WINEDEBUG=-all WINEDLLOVERRIDES="mscoree=;mshtml=;winemenubuilder.exe="
 PATH=/usr/lib/wine:$PATH
 
-# start_wine DRIVER SCALE: starts wine's server anew, which must run before a command in a pipe does, with "x11" or, for
+# start_wine DRIVER SCALE: restarts wine's server, which must run before a command in a pipe does, with "x11" or, for
 # windows that nobody sees, "null", and with the scale of the screen in percent. Makes the prefix the first time.
 start_wine() {
   mkdir -p "$HOME" "$WINEPREFIX"

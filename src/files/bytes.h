@@ -72,8 +72,8 @@ class ByteCursor {
   ByteCursor(std::span<const Byte> bytes, std::string_view file, std::int64_t offset = 0)
       : bytes_(bytes), file_(file), offset_(offset) {}
 
-  // Returns the next count bytes and moves past them. Throws Failure, which names the file, the part that these bytes
-  // belong to and the offset, if the file ends before.
+  // Returns the next count bytes and moves past them. Throws Failure if fewer remain; it names the file, the part of it
+  // that these bytes belong to, with its number unless that is -1, and the offset.
   const Byte* Take(std::int64_t count, std::string_view part, Long number = -1) {
     const std::int64_t missing = offset_ + count - static_cast<std::int64_t>(bytes_.size());
     if (missing > 0) {

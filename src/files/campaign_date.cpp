@@ -11,12 +11,13 @@ namespace velmoran {
 
 namespace {
 
-// Offsets and widths in bytes. The two lists lie between the first list's count and the second control word; each
-// count stands 4 bytes ahead of its list.
+// Offsets and widths in bytes. The second control word comes after two lists, each after its count; AxisAt is its
+// offset if both are empty.
 constexpr Long DateAt = 3200, GateAt = 3216, FirstCountAt = 3343, AxisAt = 3380;
 constexpr Long CountWidth = 4, EntryWidth = 16;
 
-// The most entries whose widths, and for the first list also the second count's position from 1, fit an Integer.
+// The most entries with which a list's width, and after the first list also the second count's position (from 1), fits
+// an Integer.
 constexpr Long FirstListLimit = (32767 - (FirstCountAt + CountWidth + 1)) / EntryWidth;
 constexpr Long SecondListLimit = 32767 / EntryWidth;
 

@@ -9,9 +9,8 @@ namespace velmoran {
 inline constexpr Table<Long, 6> PeriodStarts{366, 549, 732, 921, 1104, 1287};
 
 // Fills CampaignDate, TypeOddsGate, ShiftAxis and, from the days since CampaignStart, WarPeriod from the file at
-// DatPath. Throws Failure, with no field changed, when the file can't be read or is shorter than its last word, or
-// when one of its two counts is negative or too large for the 16 bits in which positions are told. OpenB_Click calls
-// it.
+// DatPath. Throws Failure, with no field changed, when the file can't be read or ends before its second control word,
+// or when one of its two counts is negative or so large that positions don't fit an Integer. OpenB_Click calls it.
 void ReadCampaignDate(RunState& run);
 
 }  // namespace velmoran

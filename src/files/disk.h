@@ -14,17 +14,16 @@
 
 namespace velmoran {
 
-// The directory against which the system resolves relative paths, without a trailing separator unless it is a root;
-// "" if the system can't say.
+// The current directory, without a trailing separator unless it is a root; "" if the system can't say.
 std::string CurrentDirectory();
 
 // A file open for reading, and closed with this object.
 class InputFile {
  public:
-  // Opens the file that the path means. Where the system isn't Windows, the path is tried as it is written, then with
-  // "\" read as "/"; a component that doesn't exist as written is matched by SameButForCase (the first in byte order
-  // if several match). Throws Failure if it can't be opened or isn't a regular file; adviceIfMissing is what the user
-  // can do if it doesn't exist.
+  // Opens the file at the path. On systems other than Windows, the path is tried as it is written, then with "\" read
+  // as "/"; a component that doesn't exist as written is matched by SameButForCase (the first in byte order if several
+  // match). Throws Failure if it can't be opened or isn't a regular file, with adviceIfMissing as its advice
+  // if it doesn't exist.
   InputFile(std::string_view path, std::string_view adviceIfMissing);
   ~InputFile();
   InputFile(const InputFile&) = delete;
@@ -39,17 +38,17 @@ class InputFile {
 
  private:
   std::string path_;
-  [[maybe_unused]] std::intptr_t handle_;  // the system's, or none in memory
+  [[maybe_unused]] std::intptr_t handle_;  // the system's; memory_disk.cpp has none
 };
 
-// The whole path of a file with exactly the name that the path ends in; its folders are found as by InputFile.
+// The whole path for a file to be written: its folders are found as by InputFile, its name is taken exactly.
 std::string PathForReport(std::string_view path);
 
 enum class Flush { No, ToDisk };
 
-// Empties or creates the file at a path as given by InputFile or PathForReport, hands the bytes to the system in one
-// write, with Flush::ToDisk waits until they are on the disk, and closes the file. Meanwhile a request to end the
-// program (a signal; on Windows Ctrl+C or closing the console) is held back, and takes effect afterwards.
+// Empties or creates the file, writes all bytes in one call, with Flush::ToDisk waits until they are on the disk, and
+// closes the file. The path is one that InputFile or PathForReport returned. A request to end the program meanwhile (a
+// signal; on Windows Ctrl+C or closing the console) takes effect afterwards.
 //
 // Throws Failure, which says whether nothing was written (the file can't be opened, or isn't a regular file) or the
 // file is incomplete.

@@ -1,4 +1,4 @@
-// What disk_posix.cpp and disk_win32.cpp say of a file that fails them: one set of words for every system.
+// The failures that disk_posix.cpp and disk_win32.cpp report, in the same words on every system.
 #pragma once
 
 #include <cstddef>

@@ -45,7 +45,7 @@ Reason ReasonFor(int error) {
   }
 }
 
-// The entry of the folder that the name means; the name itself if there is none.
+// The name of the folder's entry that has this name, exactly or but for case; the name itself if there is none.
 fs::path EntryLike(const fs::path& folder, const fs::path& name) {
   std::error_code error;
   if (fs::exists(folder / name, error)) return name;
@@ -60,7 +60,7 @@ fs::path EntryLike(const fs::path& folder, const fs::path& name) {
   return match.empty() ? name : match;
 }
 
-enum class Name { Matched, Exact };
+enum class Name { Matched, Exact };  // how the last component is found
 
 std::string Locate(std::string_view path, Name name) {
   std::error_code error;
@@ -88,21 +88,21 @@ struct Handle {
   }
   Handle(const Handle&) = delete;
   Handle& operator=(const Handle&) = delete;
-  // Closes it now, and says whether that succeeded.
+  // Closes it now. Returns whether that succeeded.
   bool Close() { return close(std::exchange(number, -1)) == 0; }
 
   int number;
 };
 
 int Open(const std::string& path, int flags) {
-  if (path.find('\0') != std::string::npos) {  // the system would stop there
+  if (path.find('\0') != std::string::npos) {  // the system would take the path to end there
     errno = EILSEQ;
     return -1;
   }
-  constexpr mode_t AsTheUserSets = 0666;
+  constexpr mode_t Mode = 0666;  // of a new file, before the user's umask
   int file;
-  do {  // without waiting for the other end of a pipe
-    file = open(path.c_str(), flags | O_NONBLOCK | O_NOCTTY | O_CLOEXEC, AsTheUserSets);
+  do {  // O_NONBLOCK, because opening a pipe would wait for its other end
+    file = open(path.c_str(), flags | O_NONBLOCK | O_NOCTTY | O_CLOEXEC, Mode);
   } while (file < 0 && errno == EINTR);
   return file;
 }
@@ -114,8 +114,8 @@ int CheckRegular(int file) {
   return S_ISREG(status.st_mode) ? 0 : S_ISDIR(status.st_mode) ? EISDIR : ENXIO;
 }
 
-// While one exists, signals that ask the program to end are noted, in whatever thread they arrive, and a file that
-// grows past the limit on file sizes is an error instead of the end. The last signal noted is raised afterwards.
+// While one exists, signals that ask the program to end are only noted, in any thread, and a file that exceeds the
+// limit on file sizes is an error of write() instead of a signal. The last signal noted is raised afterwards.
 class SignalsHeld {
  public:
   SignalsHeld() {
@@ -147,10 +147,10 @@ class SignalsHeld {
   struct sigaction beforeLimit_ {};
 };
 
-// How many of the bytes the system has taken; fewer than all of them leave the reason in errno.
+// Returns how many bytes the system has written. If that isn't all, errno has the reason.
 std::size_t WriteAll(int file, std::span<const Byte> bytes) {
   std::size_t written = 0;
-  while (written < bytes.size()) {  // once, unless the system stops in between
+  while (written < bytes.size()) {  // once, unless the system writes only a part
     const ssize_t count = write(file, bytes.data() + written, bytes.size() - written);
     if (count < 0 && errno == EINTR) continue;
     if (count <= 0) break;
@@ -164,7 +164,7 @@ bool FlushToDisk(int file) {
   do {
     result = fsync(file);
   } while (result != 0 && errno == EINTR);
-  return result == 0 || errno == EINVAL || errno == ENOTSUP;  // not every file system can
+  return result == 0 || errno == EINVAL || errno == ENOTSUP;  // not every file system supports it
 }
 
 }  // namespace
@@ -194,14 +194,14 @@ std::vector<Byte> InputFile::ReadAll() const {
 
   std::vector<Byte> bytes(size);
   std::size_t taken = 0;
-  do {  // once, unless the system stops in between
+  do {  // once, unless the system reads only a part
     const ssize_t count = read(file, bytes.data() + taken, size - taken);
     if (count < 0 && errno == EINTR) continue;
     if (count < 0) throw CannotRead(path_, ReasonFor(errno));
     if (count == 0) break;
     taken += static_cast<std::size_t>(count);
   } while (taken < size);
-  bytes.resize(taken);  // another program may have cut it since
+  bytes.resize(taken);  // another program may have shortened it since
   return bytes;
 }
 

@@ -46,7 +46,7 @@ std::string Locate(std::string_view path) {
   const std::wstring wide = ToUtf16(path);
   std::wstring whole(GetFullPathNameW(wide.c_str(), 0, nullptr, nullptr), L'\0');
   whole.resize(GetFullPathNameW(wide.c_str(), static_cast<DWORD>(whole.size()), whole.data(), nullptr));
-  // The system would stop at a zero byte: the path then names no file, and is shown as it was given.
+  // The system would take the path to end at a zero byte: it names no file, and is shown as it was given.
   return whole.empty() || path.find('\0') != std::string_view::npos ? std::string(path) : ToUtf8(whole);
 }
 
@@ -57,7 +57,7 @@ struct Handle {
   }
   Handle(const Handle&) = delete;
   Handle& operator=(const Handle&) = delete;
-  // Closes it now, and says whether that succeeded.
+  // Closes it now. Returns whether that succeeded.
   bool Close() { return CloseHandle(std::exchange(file, INVALID_HANDLE_VALUE)) != 0; }
 
   HANDLE file;
@@ -83,8 +83,8 @@ Reason ReasonForWriting(const std::string& path, DWORD error) {
   return error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND ? FolderDoesNotExist() : ReasonFor(error);
 }
 
-// While one exists, a request to end the program waits (Ctrl+C, closing the console, logging off; the system waits for
-// a few seconds with the last two). The system delivers such a request on a thread of its own.
+// While one exists, a request to end the program waits: Ctrl+C, closing the console or logging off (with these two, the
+// system waits for a few seconds only). The system delivers such a request on a thread of its own.
 class EndHeld {
  public:
   EndHeld() {
@@ -107,10 +107,10 @@ class EndHeld {
   static inline SRWLOCK writing = SRWLOCK_INIT;
 };
 
-// How many of the bytes the system has taken; fewer than all of them leave the reason in GetLastError.
+// Returns how many bytes the system has written. If that isn't all, GetLastError has the reason.
 std::size_t WriteAll(HANDLE file, std::span<const Byte> bytes) {
   std::size_t written = 0;
-  while (written < bytes.size()) {  // once, unless the system stops in between
+  while (written < bytes.size()) {  // once, unless the system writes only a part
     DWORD count = 0;
     const DWORD rest = static_cast<DWORD>(std::min<std::size_t>(bytes.size() - written, MAXDWORD));
     if (::WriteFile(file, bytes.data() + written, rest, &count, nullptr) == 0 || count == 0) break;
@@ -122,7 +122,7 @@ std::size_t WriteAll(HANDLE file, std::span<const Byte> bytes) {
 bool FlushToDisk(HANDLE file) {
   if (FlushFileBuffers(file) != 0) return true;
   const DWORD error = GetLastError();
-  return error == ERROR_INVALID_FUNCTION || error == ERROR_NOT_SUPPORTED;  // not every file system can
+  return error == ERROR_INVALID_FUNCTION || error == ERROR_NOT_SUPPORTED;  // not every file system supports it
 }
 
 }  // namespace
@@ -158,7 +158,7 @@ std::vector<Byte> InputFile::ReadAll() const {
   if (::ReadFile(file, bytes.data(), static_cast<DWORD>(bytes.size()), &taken, nullptr) == 0) {
     throw CannotRead(path_, ReasonFor(GetLastError()));
   }
-  bytes.resize(taken);  // another program may have cut it since
+  bytes.resize(taken);  // another program may have shortened it since
   return bytes;
 }
 

@@ -90,12 +90,12 @@ bool LinkIsWritten(const MissionRec& flight) {
   return flight.EscortFlag > 0;  // Quirk 18: a negative flag loses its link.
 }
 
-// What follows the head in the file.
+// The width of a record without its head, in bytes.
 std::size_t BodyWidth(const MissionRec& flight, bool withLink) {
   return (withLink ? LinkWidth : 0) + WaypointWidth * static_cast<std::size_t>(flight.WPCount) + TailWidth;
 }
 
-// Checks all records, so that nothing is read from a file that is invalid further on.
+// Checks all records before any is read, so that an invalid file changes nothing.
 void CheckImage(const std::vector<Byte>& image, std::string_view file) {
   ByteCursor cursor(image, file);
   const ByteCursor header = cursor;

@@ -1,5 +1,5 @@
-// The mission file campgn??.mis: a header of 17 bytes, then the flights one after another, each as long as its escort
-// link and its waypoints make it. Little-endian and packed.
+// The mission file campgn??.mis: a header of 17 bytes, then a record for each flight, whose length depends on its
+// escort link and its waypoints. Little-endian and packed.
 #pragma once
 
 #include <string_view>

@@ -30,8 +30,7 @@ struct ItemName {
   }
 };
 
-// Reads the items of a setup file one after another. Every read is given the item's name, for the message when it
-// fails.
+// Reads the items of a setup file one after another. Every read is given the item's name, for the message if it fails.
 class ItemReader {
  public:
   explicit ItemReader(const InputFile& file) : bytes_(file.ReadAll()), file_(Printable(file.Path())) {
@@ -40,7 +39,7 @@ class ItemReader {
   }
 
   std::string_view ReadText(const ItemName& name) {
-    while (!text_.empty() && IsBlank(text_.front())) text_.remove_prefix(1);
+    while (!text_.empty() && IsSpaceOrTab(text_.front())) text_.remove_prefix(1);
     line_ = nextLine_;
     if (text_.empty()) throw FailureAt(name, FailureNumber::PastEndOfFile, "the file ends before this item");
     std::string_view item;
@@ -83,8 +82,8 @@ class ItemReader {
  private:
   double ParseNumber(std::string_view item, const ItemName& name) const {
     std::string_view digits = item;
-    while (!digits.empty() && IsBlank(digits.front())) digits.remove_prefix(1);
-    while (!digits.empty() && IsBlank(digits.back())) digits.remove_suffix(1);
+    while (!digits.empty() && IsSpaceOrTab(digits.front())) digits.remove_prefix(1);
+    while (!digits.empty() && IsSpaceOrTab(digits.back())) digits.remove_suffix(1);
     if (digits.empty()) return 0;
     if (digits.size() > 1 && digits[0] == '+' && digits[1] != '-') digits.remove_prefix(1);
 
@@ -92,16 +91,16 @@ class ItemReader {
     const char* end = digits.data() + digits.size();
     const auto [stop, error] = std::from_chars(digits.data(), end, number, std::chars_format::fixed);
     if (stop != end || error == std::errc::invalid_argument || !std::isfinite(number)) {
-      throw FailureAt(name, FailureNumber::NoNumber, Quoted(item) + " is not a number");
+      throw FailureAt(name, FailureNumber::NotANumber, Quoted(item) + " is not a number");
     }
-    if (error == std::errc::result_out_of_range) {
+    if (error == std::errc::result_out_of_range) {  // also for a number too near to 0, which counts as 0
       const bool tiny = digits.find('.') < digits.find_first_of("123456789");
       if (!tiny) throw FailureAt(name, FailureNumber::Overflow, Quoted(item) + " is out of range");
     }
     return number;
   }
 
-  static bool IsBlank(char letter) { return letter == ' ' || letter == '\t'; }
+  static bool IsSpaceOrTab(char letter) { return letter == ' ' || letter == '\t'; }
 
   std::string_view TakeUntil(std::string_view ends) {
     const std::string_view taken = text_.substr(0, text_.find_first_of(ends));
@@ -116,7 +115,7 @@ class ItemReader {
     text_.remove_prefix(text_.starts_with("\r\n") ? 2 : 1);
   }
 
-  // The item for a message: in quotes, cut to a length that fits a line, with ? for what isn't printable.
+  // The item for a message: in quotes, at most 40 characters, with ? for what isn't printable.
   static std::string Quoted(std::string_view item) {
     std::string quoted = "\"";
     for (const char letter : item.substr(0, 40)) quoted += letter >= ' ' && letter <= '~' ? letter : '?';
@@ -156,7 +155,7 @@ void ReadClassOdds(ItemReader& in, RunState& run) {
     in.Skip({"ClassOdds", row, "label"});
     odds.Recon = in.ReadDouble({"ClassOdds", row, "first value"});
     odds.Spotting = in.ReadDouble({"ClassOdds", row, "second value"});
-    odds.Unused = in.ReadDouble({"ClassOdds", row, "third value"});  // Quirk 22: used by nothing.
+    odds.Unused = in.ReadDouble({"ClassOdds", row, "third value"});  // Quirk 22: never used.
   }
 }
 

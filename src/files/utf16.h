@@ -1,5 +1,5 @@
-// Between the program's UTF-8 and the UTF-16 of Windows; for the parts that only Windows builds. What one of them can't
-// say becomes U+FFFD.
+// Converts between the program's UTF-8 and the UTF-16 of Windows, for the sources that are only built there. Malformed
+// text becomes U+FFFD.
 #pragma once
 
 #include <windows.h>

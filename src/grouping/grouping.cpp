@@ -48,15 +48,15 @@ void CopyWaypoint(const WaypointRec& source, WaypointRec& target, bool keepsPosi
 }  // namespace
 
 void CombineFormations(RunState& run) {
-  for (Integer i = 0; i < run.LoadedCount; ++i) {
-    if (run.Removed[i] != InPlay) continue;
-    const Integer squad = Narrow(run.Missions[i].SquadID);
+  for (Integer row = 0; row < run.LoadedCount; ++row) {
+    if (run.Removed[row] != InPlay) continue;
+    const Integer squad = Narrow(run.Missions[row].SquadID);
     const Integer group = isGroupedSquadron(run, squad);
     if (group == NotFound) continue;
-    const Integer target = findAssociatedMissionIndex(run, squad, group, i);
+    const Integer target = findAssociatedMissionIndex(run, squad, group, row);
     if (target == NotFound) continue;
-    doMissionGrouping(run, i, target);
-    run.GroupPairs[run.GroupPairCount++] = {.sourceIndex = i, .targetIndex = target};
+    doMissionGrouping(run, row, target);
+    run.GroupPairs[run.GroupPairCount++] = {.sourceIndex = row, .targetIndex = target};
   }
 }
 
@@ -68,7 +68,7 @@ Integer isGroupedSquadron(const RunState& run, Integer squadID) {
   return found;
 }
 
-// Quirk 79: squadID plays no part.
+// Quirk 79: squadID is not used.
 Integer findAssociatedMissionIndex(RunState& run, Integer /*squadID*/, Integer groupIndex, Integer sourceIndex) {
   const SquadGroupRec& group = run.SquadGroups[groupIndex];
   const MissionRec& source = run.Missions[sourceIndex];
@@ -78,12 +78,12 @@ Integer findAssociatedMissionIndex(RunState& run, Integer /*squadID*/, Integer g
   if (source.WPCount < MinWaypoints || source.MissionType == TypeEscort) return NotFound;
   if (IsPaired(run, sourceIndex)) return NotFound;
 
-  for (Integer c = 0; c < run.LoadedCount; ++c) {
-    const MissionRec& candidate = run.Missions[c];
-    if (c == sourceIndex || candidate.WPCount < MinWaypoints || run.Removed[c] != InPlay) continue;
-    // Quirk 81: the player's flight may be a source but no target.
-    if (IsPlayerRow(run, c) || candidate.MissionType == TypeEscort) continue;
-    if (Contains(group, Narrow(candidate.SquadID)) && !IsPaired(run, c)) return c;
+  for (Integer row = 0; row < run.LoadedCount; ++row) {
+    const MissionRec& candidate = run.Missions[row];
+    if (row == sourceIndex || candidate.WPCount < MinWaypoints || run.Removed[row] != InPlay) continue;
+    // Quirk 81: the player's flight may be a source but not a target.
+    if (IsPlayerRow(run, row) || candidate.MissionType == TypeEscort) continue;
+    if (Contains(group, Narrow(candidate.SquadID)) && !IsPaired(run, row)) return row;
   }
   return NotFound;
 }

@@ -9,10 +9,7 @@ namespace velmoran {
 
 namespace {
 
-constexpr Integer BandFloor = 2000;         // the lowest start of a band that mission and aircraft share
-constexpr Integer SubstituteDepth = 1000;   // of the band used if they share none
-constexpr Integer SubstituteFloor = 1500;   // the lowest start of that band
-constexpr double HighFlyerUpperOdds = 0.8;  // of drawing from the upper half of the band
+constexpr double HighFlyerUpperOdds = 0.8;  // of drawing from the upper half of the range
 constexpr double LowFlyerLowerOdds = 0.5;   // of drawing from the lower half
 
 }  // namespace
@@ -24,7 +21,7 @@ void GetBaseAlt(RunState& run, Integer MissionType, Integer Aircraft, Integer& B
   if (def.MaxAlt == 0) return;  // Quirk 35: 0 means no change here, but is a limit in a row of Aircraft.
 
   Integer max = std::min(def.MaxAlt, aircraft.MaxAlt);
-  Integer min = std::max({def.MinAlt, aircraft.MinAlt, BandFloor});
+  Integer min = std::max({def.MinAlt, aircraft.MinAlt, RangeFloor});
   if (max <= min) {
     max = min;
     // Quirk 36: below what the mission or the aircraft allows.

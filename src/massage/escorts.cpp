@@ -20,6 +20,7 @@ void FindFlight(const RunState& run, Long flightID, Integer& found) {
   }
 }
 
+// Counts the removed rows up to and including lastRow.
 Long CountRemoved(const RunState& run, Integer lastRow) {
   Long count = 0;
   for (Integer row = 0; row <= lastRow; ++row) count += run.Removed[row] == TakenOut ? 1 : 0;
@@ -72,24 +73,25 @@ void ResolveEscorts(RunState& run) {
 }
 
 void VerifyEscorts(const RunState& run) {
-  std::array<Integer, MissionRows> escorted;                                // by escorts in play
-  std::array<Integer, std::size_t{MissionRows} * WaypointRows> rendezvous;  // one entry for each waypoint
-  std::size_t escorts = 0, meetings = 0;
+  // EscortedFlight of each escort in play, and FlightID for each rendezvous in play.
+  std::array<Integer, MissionRows> escorted;
+  std::array<Integer, std::size_t{MissionRows} * WaypointRows> rendezvous;
+  std::size_t escortCount = 0, rendezvousCount = 0;
   for (Integer row = 0; row < run.LoadedCount; ++row) {
     if (run.Removed[row] != InPlay) continue;
     const MissionRec& flight = run.Missions[row];
-    if (flight.MissionType == TypeEscort) escorted[escorts++] = Narrow(flight.EscortedFlight);
+    if (flight.MissionType == TypeEscort) escorted[escortCount++] = Narrow(flight.EscortedFlight);
     for (const WaypointRec& waypoint : Route(flight)) {
-      if (waypoint.Action == ActionRendezvous) rendezvous[meetings++] = Narrow(flight.FlightID);
+      if (waypoint.Action == ActionRendezvous) rendezvous[rendezvousCount++] = Narrow(flight.FlightID);
     }
   }
 
-  if (escorts != meetings) {  // Quirk 62: then no link is checked.
+  if (escortCount != rendezvousCount) {  // Quirk 62: then no link is checked.
     ShowMessage("Error: Number of escort missions does not match missions needing escort");
     return;
   }
-  for (const Integer flightID : std::span(escorted).first(escorts)) {
-    if (std::ranges::count(std::span(rendezvous).first(meetings), flightID) > 0) continue;
+  for (const Integer flightID : std::span(escorted).first(escortCount)) {
+    if (std::ranges::count(std::span(rendezvous).first(rendezvousCount), flightID) > 0) continue;
     std::array<char, 64> text;
     // Quirk 5: a space on both sides of the colon.
     std::snprintf(text.data(), text.size(), "Error: Escort flight not found : %d", flightID);

@@ -16,7 +16,7 @@ namespace {
 
 constexpr Long MinScaledSize = 2;
 
-void EnterInSquadFlights(RunState& run, Integer row) {
+void AddToSquadFlights(RunState& run, Integer row) {
   if (IsPlayerFlight(run, run.Missions[row])) {
     run.SquadFlights[0] = row;
   } else {
@@ -55,7 +55,7 @@ Long CapFlightSize(Long size, Integer nation) {
 void AdjustFlightSize(RunState& run, Integer index) {
   MissionRec& flight = run.Missions[index];
   if (InPlayerSquadron(run, flight)) {
-    EnterInSquadFlights(run, index);
+    AddToSquadFlights(run, index);
     return;
   }
 

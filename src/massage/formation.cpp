@@ -61,7 +61,7 @@ void getBestFormationForAction(Byte Action, Long NumAircraft, Long FlightType, L
       Formation = FormationInTrail;
       return;
     default:
-      Formation = FormationEchelonLeft;  // Quirk 64: for recon and two named actions too.
+      Formation = FormationEchelonLeft;  // Quirk 64: Recon and two more named actions too.
   }
 }
 
@@ -83,7 +83,7 @@ void getBestFormationEnroute(Long NumAircraft, Long FlightType, Byte& Formation)
     case 5:
       Formation = FormationWedge;
       return;
-    default:  // Quirk 66: 6 planes and more, but also none.
+    default:  // Quirk 66: 6 or more planes, but also 0 or fewer.
       if (typeTwo) {
         Formation = NumAircraft % 2 == 0 ? FormationDelta : FormationVic;
       } else {

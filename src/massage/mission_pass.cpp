@@ -25,19 +25,19 @@ void MassageMission(RunState& run, Integer index) {
   AlterMissionType(run, index, Aircraft, Narrow(flight.SquadID), ShiftFlag, MissionType);
   Integer BaseAlt;
   GetBaseAlt(run, MissionType, Aircraft, BaseAlt);
-  Byte offered;
-  GetActionByMission(MissionType, offered);
+  Byte missionAction;
+  GetActionByMission(MissionType, missionAction);
 
   Long number = 0;  // of the waypoint, from 1
   for (WaypointRec& waypoint : Route(flight)) {
     ++number;
-    const bool inner = number != 1 && number != 2 && number != flight.WPCount;  // Quirk 39: their actions may change.
+    const bool inner = number != 1 && number != 2 && number != flight.WPCount;  // Quirk 39: but any Action may change.
     const bool withEscort = waypoint.Action == ActionEscort || waypoint.Action == ActionRendezvous;
     if (BaseAlt > 0 && inner && !withEscort) SetWPAltitude(waypoint.AltBytes, BaseAlt);
     // Quirk 40: a waypoint with an escort is moved too.
     if (ShiftFlag == Shifted && inner) ShiftWPPosition(run, waypoint.Lon, waypoint.Lat);
 
-    Byte Action = offered;
+    Byte Action = missionAction;
     if (Action == NoAction) continue;
     AlterWPAction(waypoint.Action, Action);
     if (Action == ActionLoiter) waypoint.ActionParam = RoundEven(Rnd(run) * LoiterRange + MinLoiter);

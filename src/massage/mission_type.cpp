@@ -19,7 +19,7 @@ Integer DrawType(RunState& run, const ClassOddsRec& odds, Integer third) {
 }
 
 void AlterTypeByClass(RunState& run, MissionRec& flight, Integer aircraftClass, Integer& MissionType) {
-  if (aircraftClass >= ClassFirstTwoSeater && aircraftClass <= ClassLastTwoSeater) {
+  if (IsTwoSeaterClass(aircraftClass)) {
     if (MissionType != TypeBomb && MissionType != TypeRecon && MissionType != TypeSpotting) return;
     MissionType = DrawType(run, run.ClassOdds[aircraftClass - ClassFirstTwoSeater], TypeBomb);
     flight.MissionType = MissionType;

@@ -12,7 +12,8 @@ namespace velmoran {
 
 namespace {
 
-// Requires the value to be within its limits. part is its place in the mission file, row the number of a record there.
+// Throws unless the value is within its limits. part is its place in the mission file; row is the number of a record
+// there, or -1.
 void CheckRange(std::string_view part, Long row, std::string_view field, Long value, Long least, Long most) {
   if (value >= least && value <= most) return;
   throw Failure{FailureNumber::OutsideTable,

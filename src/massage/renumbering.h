@@ -5,8 +5,9 @@
 
 namespace velmoran {
 
-// Gives the flights in play the FlightIDs 0, 1, 2 ... in table order, PlayerFlight the new number of the player's row,
-// and MissionCount the number of flights in play. Rows don't move; removed ones keep their FlightID. No draws.
+// Sets FlightID of the flights in play to 0, 1, 2 ... in table order, PlayerFlight to the new number of the player's
+// row if that is in play, and MissionCount to the number of flights in play. Rows don't move; removed ones keep their
+// FlightID. No draws.
 void RenumberFlights(RunState& run);
 
 }  // namespace velmoran

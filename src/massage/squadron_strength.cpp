@@ -61,7 +61,7 @@ void FillSlots(MissionRec& flight, Long size, Pool& pool) {
 }  // namespace
 
 void BalanceSquadrons(RunState& run) {
-  Integer nation = NationZero;  // a squadron outside the roster keeps that of the flight before
+  Integer nation = NationZero;  // if a squadron isn't in the roster, that of the flight before
   for (Integer row = 0; row < run.LoadedCount; ++row) {
     MissionRec& flight = run.Missions[row];
     if (InPlayerSquadron(run, flight)) continue;  // Quirk 49: removed flights count too.
@@ -85,10 +85,10 @@ void BalanceSquadrons(RunState& run) {
 
 void AdjustPlayerSquadron(RunState& run) {
   Pool pool = GatherPilots(run);
-  Integer nation = NationZero;  // a squadron outside the roster keeps that of the flight before
+  Integer nation = NationZero;  // if a squadron isn't in the roster, that of the flight before
   for (Long entry = 0; entry < run.SquadFlightCount; ++entry) {
     const Integer row = run.SquadFlights[entry];
-    if (row < 0) continue;  // no flight is the player's
+    if (row < 0) continue;  // slot 0: no flight is the player's
     MissionRec& flight = run.Missions[row];
     const bool playersOwn = IsPlayerFlight(run, flight);
 
@@ -102,10 +102,10 @@ void AdjustPlayerSquadron(RunState& run) {
         RemoveFlight(run, row);
       }
     }
-    flight.NumAircraft = size;  // Quirk 51: no size is invalid here.
+    flight.NumAircraft = size;  // Quirk 51: not checked here.
     if (run.Removed[row] != InPlay) continue;
 
-    pool.poolCount -= size;  // Quirk 53: and not returned by a removal.
+    pool.poolCount -= size;  // Quirk 53: not returned by a removal.
     FillSlots(flight, size, pool);
     // Quirk 44: inverted. Here a draw above RemoveOdds removes; in AdjustFlightSize, a draw below it.
     if (!playersOwn && Rnd(run) > run.Periods[run.WarPeriod].RemoveOdds) RemoveFlight(run, row);

@@ -14,8 +14,8 @@ void BalanceSquadrons(RunState& run);
 // Puts the pilots of the player's squadron, with their planes, into a pool (at most 13). Draws a new size for each
 // flight of SquadFlights, the player's first, and fills its slots from the pool. Removes flights that the pool has too
 // few pilots for, and others by chance. Writes NumAircraft, Planes, Pilots, SlotExtra, and what RemoveFlight writes.
-// One draw for each flight, and a second for each that isn't the player's and had enough pilots. Throws MassageStopped
-// as RemoveFlight does.
+// One draw for each flight, and a second unless it is the player's or the pool was too small. Throws MassageStopped as
+// RemoveFlight does.
 void AdjustPlayerSquadron(RunState& run);
 
 }  // namespace velmoran

@@ -54,7 +54,7 @@ void AlterWPAction(Byte& act, Byte& NewAction) {
   if (replaceable) {
     act = NewAction;
   } else {
-    NewAction = act;  // Quirk 42: so a loiter that stays draws only in a mission that loiters.
+    NewAction = act;  // Quirk 42: the caller goes on with the waypoint's own action.
   }
 }
 

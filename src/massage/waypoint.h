@@ -12,8 +12,8 @@ void ShiftWPPosition(RunState& run, Long& Lon, Long& Lat);
 // Sets Action to the one that flights of this mission type perform, or to NoAction.
 void GetActionByMission(Integer MissionType, Byte& Action);
 
-// If act is an action that a mission may replace, sets act to NewAction; else sets NewAction to act. Either way,
-// NewAction is the waypoint's action afterwards.
+// If act is an action that a mission may replace (3 to 9, 13), sets act to NewAction, which must not be NoAction; else
+// sets NewAction to act. Either way, NewAction is the waypoint's action afterwards.
 void AlterWPAction(Byte& act, Byte& NewAction);
 
 }  // namespace velmoran

@@ -6,7 +6,7 @@ namespace velmoran {
 
 namespace {
 
-Long MassagesIn(const std::string& text) {
+Long ParseMassages(const std::string& text) {
   constexpr Long Most = 100000;
   Long number = 0;
   const char* const end = text.data() + text.size();
@@ -30,7 +30,7 @@ Arguments ReadArguments(const std::vector<std::string>& given) {
       if (argument == "--csv") {
         arguments.csv = given[i];
       } else {
-        arguments.massages = MassagesIn(given[i]);
+        arguments.massages = ParseMassages(given[i]);
       }
     } else if (argument.starts_with('-')) {
       throw WrongArgument{"unknown argument " + argument};

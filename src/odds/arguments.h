@@ -24,17 +24,18 @@ inline constexpr std::string_view Help =
     "Without MISSION_FILE (campgn??.mis) it asks for one.\n";
 
 struct Arguments {
-  bool help = false, version = false;  // then nothing else counts
+  bool help = false, version = false;  // if either is set, ignore the rest
   Long massages = 1000;                // 1 to 100000
   std::string csv, mission;            // paths; empty if not given
 };
 
-// A text that says in one line what is wrong.
+// Arguments that are refused. reason says why, in one line.
 struct WrongArgument {
   std::string reason;
 };
 
-// Reads the arguments after the program's name. Throws WrongArgument.
+// Reads the arguments after the program's name. Throws WrongArgument for one that is unknown, lacks its value or has an
+// invalid one, and for a second mission file.
 Arguments ReadArguments(const std::vector<std::string>& given);
 
 }  // namespace velmoran

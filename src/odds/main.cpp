@@ -20,14 +20,13 @@
 #include "state/failure.h"
 #include "window/captions.h"
 #include "window/console/terminal.h"
-#include "window/dll_search.h"
 #include "window/events.h"
 
 namespace velmoran {
 
 namespace {
 
-// What the platform's functions work on: they know no RunState.
+// What the functions of platform.h work on: they take no RunState.
 Arguments arguments;
 bool massaging = false, refused = false;
 std::vector<std::string> shown;  // the messages of the massage that is running
@@ -54,6 +53,7 @@ void PrintLines(std::string_view text) {
   }
 }
 
+// Throws WrongArgument if --csv names a file that was read.
 void RefuseToOverwrite(const RunState& run) {
   const std::string csv = PathForReport(arguments.csv);
   for (const std::string& path : {run.MissionFile, run.DatPath, std::string("Velmoran.ini"),
@@ -175,7 +175,6 @@ void EndProgram(bool failed) {
 
 int main(int argc, char** argv) {
   using namespace velmoran;
-  LoadDllsFromSystemOnly();
   BeginTerminal();
   BeginOutput();
   try {
@@ -185,7 +184,7 @@ int main(int argc, char** argv) {
     std::fprintf(stderr, "velmoran-odds: %s (see --help)\n", Printable(wrong.reason).c_str());
     constexpr int Status = 2;
     Finish(Status);
-  } catch (const Failure& failure) {  // a file that has gone since it was read
+  } catch (const Failure& failure) {  // for a file that has disappeared since it was read
     ShowMessage(FailureText(failure));
     EndProgram(true);
   } catch (const std::bad_alloc&) {

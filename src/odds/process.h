@@ -1,4 +1,4 @@
-// What velmoran-odds needs of the system beside the files and lines that the other programs use.
+// Operations of the system that only velmoran-odds needs.
 #pragma once
 
 #include <string>
@@ -18,7 +18,7 @@ bool ErrorsAtTerminal();
 // Whether the terminal is a window that was opened for this program alone, and closes when it ends.
 bool OwnsWindow();
 
-// Whether both paths, as disk.h gives them, lead to one existing file.
+// Whether both paths, as InputFile and PathForReport return them, name the same existing file.
 bool IsSameFile(const std::string& one, const std::string& other);
 
 }  // namespace velmoran

@@ -10,6 +10,20 @@
 
 namespace velmoran {
 
+namespace {
+
+// Where the file is on its disk; false if it doesn't exist.
+bool Identify(const std::string& path, BY_HANDLE_FILE_INFORMATION& information) {
+  constexpr DWORD AnySharing = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+  const HANDLE file = CreateFileW(ToUtf16(path).c_str(), 0, AnySharing, nullptr, OPEN_EXISTING, 0, nullptr);
+  if (file == INVALID_HANDLE_VALUE) return false;
+  const bool known = GetFileInformationByHandle(file, &information) != 0;
+  CloseHandle(file);
+  return known;
+}
+
+}  // namespace
+
 std::vector<std::string> GivenArguments(int /*argc*/, char** /*argv*/) {
   int count = 0;
   LPWSTR* const wide = CommandLineToArgvW(GetCommandLineW(), &count);
@@ -32,20 +46,6 @@ bool OwnsWindow() {
   DWORD processes[2];
   return GetConsoleProcessList(processes, 2) == 1;
 }
-
-namespace {
-
-// Where the file is on its disk; false if it doesn't exist.
-bool Identify(const std::string& path, BY_HANDLE_FILE_INFORMATION& information) {
-  constexpr DWORD AnySharing = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
-  const HANDLE file = CreateFileW(ToUtf16(path).c_str(), 0, AnySharing, nullptr, OPEN_EXISTING, 0, nullptr);
-  if (file == INVALID_HANDLE_VALUE) return false;
-  const bool known = GetFileInformationByHandle(file, &information) != 0;
-  CloseHandle(file);
-  return known;
-}
-
-}  // namespace
 
 bool IsSameFile(const std::string& one, const std::string& other) {
   BY_HANDLE_FILE_INFORMATION first, second;

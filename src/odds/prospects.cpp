@@ -13,9 +13,8 @@ namespace {
 // The row of ClassOdds that counts for the class on a mission of this type, or -1.
 Long ClassRow(Integer aircraftClass, Long type) {
   if (aircraftClass == ClassArmoured) return ClassOddsRows - 1;
-  const bool twoSeater = aircraftClass >= ClassFirstTwoSeater && aircraftClass <= ClassLastTwoSeater;
   const bool redrawn = type == TypeBomb || type == TypeRecon || type == TypeSpotting;
-  return twoSeater && redrawn ? aircraftClass - ClassFirstTwoSeater : -1;
+  return IsTwoSeaterClass(aircraftClass) && redrawn ? aircraftClass - ClassFirstTwoSeater : -1;
 }
 
 // Adds all types that AlterMissionType can choose.
@@ -37,7 +36,7 @@ void ForeseeTypes(const RunState& run, Prospect& prospect) {
   }
   for (Long drawn = 0; drawn < TypeRows; ++drawn) {
     if (!prospect.drawn.Has(drawn)) continue;
-    const double odds = run.TypeOddsGate == 0 ? run.TypeOdds[drawn].Odds[prospect.nation] : 0;
+    const double odds = run.TypeOddsGate == OpenGate ? run.TypeOdds[drawn].Odds[prospect.nation] : 0;
     if (odds > 0) {
       prospect.flown.Add(TypeOffensivePatrol);
       prospect.stored.Add(TypeOffensivePatrol);
@@ -49,12 +48,12 @@ void ForeseeTypes(const RunState& run, Prospect& prospect) {
   }
 }
 
-bool HasAltitudeToDraw(const MissionRec& flight) {
+bool KeepsAltitudes(const MissionRec& flight) {
   for (Long k = 2; k < flight.WPCount - 1; ++k) {
     const Byte action = flight.Waypoints[k].Action;
-    if (action != ActionEscort && action != ActionRendezvous) return true;
+    if (action != ActionEscort && action != ActionRendezvous) return false;
   }
-  return false;
+  return true;
 }
 
 }  // namespace
@@ -68,26 +67,26 @@ std::vector<Prospect> Foresee(const RunState& run) {
     prospect.row = row;
     GetNation(run, Narrow(flight.SquadID), prospect.nation);
     prospect.aircraft = flight.NumAircraft >= 1 ? AircraftOf(flight) : Integer{0};
-    prospect.players = InPlayerSquadron(run, flight);
-    prospect.playersOwn = prospect.players && IsPlayerFlight(run, flight);
-    const Integer aircraftClass = run.Aircraft[AircraftOf(flight)].AircraftClass;
-    prospect.scaled = aircraftClass >= 0 && aircraftClass < ClassFirstTwoSeater;
-    prospect.climbs = HasAltitudeToDraw(flight);
+    prospect.inPlayerSquadron = InPlayerSquadron(run, flight);
+    prospect.isPlayerFlight = prospect.inPlayerSquadron && IsPlayerFlight(run, flight);
+    prospect.scaled = IsScaledClass(run.Aircraft[AircraftOf(flight)].AircraftClass);
+    prospect.keepsAltitudes = KeepsAltitudes(flight);
     ForeseeTypes(run, prospect);
   }
   return prospects;
 }
 
 double LargestSize(const RunState& run, const Prospect& prospect, Long type) {
-  if (prospect.players || prospect.nation == 0 || !prospect.stored.Has(type)) return 0;
+  if (prospect.inPlayerSquadron || prospect.nation == NationZero || !prospect.stored.Has(type)) return 0;
   const double most = std::max(run.MissionDefs[type].MinPlanes, run.MissionDefs[type].MaxPlanes);
   return prospect.scaled ? most * run.Periods[run.WarPeriod].SizeFactor[prospect.nation] : most;
 }
 
 bool GetsAltitude(const RunState& run, const Prospect& prospect, Long type) {
+  if (prospect.keepsAltitudes) return false;
   for (Long flown = 0; flown < TypesFilled; ++flown) {
     if (type != AnyType && type != flown) continue;
-    if (prospect.climbs && prospect.flown.Has(flown) && run.MissionDefs[flown].MaxAlt != 0) return true;
+    if (prospect.flown.Has(flown) && run.MissionDefs[flown].MaxAlt != 0) return true;
   }
   return false;
 }

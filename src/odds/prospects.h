@@ -18,15 +18,15 @@ struct Prospect {
   const MissionRec* flight = nullptr;
   Integer row = 0;  // of Missions
   Integer nation = 0;
-  Integer aircraft = 0;     // row of Aircraft that counts for its mission type and altitude
-  Long classRow = -1;       // of ClassOdds that redraws its mission type, or -1
-  bool players = false;     // in the player's squadron
-  bool playersOwn = false;  // the player's flight
-  bool scaled = false;      // by class: SizeFactor and RemoveOdds count outside the player's squadron
-  bool climbs = false;      // has a waypoint that gets an altitude
-  TypeSet drawn;            // mission types before some become offensive patrols
-  TypeSet flown;            // after that: for altitudes
-  TypeSet stored;           // in its row in the end: for sizes
+  Integer aircraft = 0;  // row of Aircraft that counts for its mission type and altitude
+  Long classRow = -1;    // of ClassOdds that redraws its mission type, or -1
+  bool inPlayerSquadron = false;
+  bool isPlayerFlight = false;
+  bool scaled = false;         // by class: SizeFactor and RemoveOdds count outside the player's squadron
+  bool keepsAltitudes = true;  // has no waypoint that gets an altitude
+  TypeSet drawn;               // mission types before some become offensive patrols
+  TypeSet flown;               // after that: for altitudes
+  TypeSet stored;              // in its row in the end: for sizes
 };
 
 // One for each row of Missions. run must be a plan that CheckPlan accepts and that isn't massaged.
@@ -36,8 +36,8 @@ std::vector<Prospect> Foresee(const RunState& run);
 // be one, or if the flight's nation or squadron keeps its size within 12.
 double LargestSize(const RunState& run, const Prospect& prospect, Long type);
 
-// Whether GetBaseAlt can draw an altitude for the flight as a mission of this type, or of any.
 inline constexpr Long AnyType = -1;
+// Whether GetBaseAlt can draw an altitude for the flight as a mission of this type, or of any type for AnyType.
 bool GetsAltitude(const RunState& run, const Prospect& prospect, Long type);
 
 }  // namespace velmoran

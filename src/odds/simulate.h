@@ -11,7 +11,7 @@ namespace velmoran {
 
 inline constexpr Long OtherType = TypesFilled;  // where Outcome counts the mission types that have no name
 
-// What came out of one massage. From flights on, all fields are those of a complete massage, and zero for any other.
+// What came out of one massage. The fields from flights on are zero unless the massage was complete.
 // Counts and sums are over the flights in play afterwards.
 struct Outcome {
   enum class End { Complete, InvalidSize, ListOverflow };
@@ -24,7 +24,7 @@ struct Outcome {
   Table<Long, TypesFilled + 1> types{};   // flights by MissionType, OtherType last
   bool playerRemoved = false;             // the row that PlayerFlight named when the plan was opened
   Long playerType = 0, playerPlanes = 0;  // its MissionType and NumAircraft; zero if it was removed
-  bool hasEmptyFlight = false;            // one that has no planes
+  bool hasEmptyFlight = false;            // a flight that has no planes
   bool playerEscortLost = false;          // it is in play, had escorts, and none of them still escorts it
 };
 
@@ -34,9 +34,9 @@ struct Massages {
   std::map<std::string, Long> shown;  // each message, and in how many massages with a seed it was shown
 };
 
-// Massages work, which must be a copy of opened, a plan that CheckPlan accepts. Before that it restores what an earlier
-// massage has changed in it. Seed 0 draws from the point that opened.Random has reached, and any other seed starts
-// std::mt19937 with it. Shows the messages of the passes. Allocates nothing unless the massage ends early.
+// Restores what an earlier massage has changed in work, which must be a copy of opened, a plan that CheckPlan accepts;
+// then massages it. Seed 0 goes on with the draws of opened.Random, as the tool itself would; any other seeds
+// std::mt19937. Shows the messages of the passes. Allocates nothing unless the massage ends early.
 Outcome MassageCopy(const RunState& opened, RunState& work, Long seed);
 
 // The row that PlayerFlight names in a plan that is open but not massaged, or -1 if no such row was loaded.

@@ -34,7 +34,7 @@ std::string Right(const std::string& text, std::size_t width = NumberWidth) {
   return std::string(width - std::min(text.size(), width), ' ') + text;
 }
 
-// The text in lines, of which all but the first begin with indent spaces. Breaks at the last character of a separator.
+// The text broken into lines, all but the first indented. A line end replaces the last character of a separator.
 std::string Wrapped(std::string text, std::size_t indent, std::string_view separator = " ") {
   std::string lines;
   while (text.size() > Columns) {
@@ -89,6 +89,7 @@ std::int64_t Sum(const Completed& completed, Field field) {
   return sum;
 }
 
+// Of the massages that keep the player's flight, how many had each value of the field.
 template <class Field>
 Counted Count(const Completed& completed, Field field) {
   Counted counted;

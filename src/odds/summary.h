@@ -1,4 +1,4 @@
-// What velmoran-odds prints and stores of the massages. Numbers don't depend on a locale or a system.
+// The output of velmoran-odds: the summary that it prints and its CSV file, the same in every locale and system.
 #pragma once
 
 #include <string>
@@ -12,8 +12,8 @@ namespace velmoran {
 // go by nearest rank. Both are over the complete massages with a seed.
 std::string Summary(const RunState& opened, const Massages& massages, const std::vector<std::string>& warnings);
 
-// A heading, then one line for each massage in order; lines end in "\n". A field that the massage or the plan doesn't
-// have is empty.
+// A heading, then one line for each massage in order; lines end in "\n". A value that the massage or the plan
+// doesn't have is left empty.
 std::string Csv(const RunState& opened, const Massages& massages);
 
 }  // namespace velmoran

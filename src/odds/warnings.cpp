@@ -6,6 +6,7 @@
 #include <cmath>
 #include <iterator>
 
+#include "massage/altitude.h"
 #include "odds/prospects.h"
 #include "report/names.h"
 #include "state/numbering.h"
@@ -20,9 +21,6 @@ using Prospects = std::vector<Prospect>;
 constexpr Long NationColumns = Nations - 1;  // of the setup file
 constexpr double LargestScaled = 12.5;       // rounds to 12, the most planes that a flight can have
 
-// The altitudes that a massage draws from where mission and aircraft share none.
-constexpr Long LeastTop = 2000, Depth = 1000, LeastBottom = 1500;
-
 // "1.6": the shortest decimal that reads as this number.
 std::string Number(double value) {
   std::array<char, 32> digits;
@@ -33,8 +31,8 @@ std::string Item(const char* table, Long row, const char* field) {
   return std::string(table) + " row " + to_string(row) + " " + field;
 }
 
-std::string Item(const char* table, Long row, const char* field, Long entry) {
-  return Item(table, row, field) + " " + to_string(entry);
+std::string Item(const char* table, Long row, const char* field, Long number) {
+  return Item(table, row, field) + " " + to_string(number);
 }
 
 // " (CAP)"
@@ -57,10 +55,10 @@ struct Warner {
   void Warn(const std::string& text) { warnings.push_back(text); }
 
   template <class Condition>
-  Prospects Those(Condition condition) const {
-    Prospects those;
-    std::ranges::copy_if(prospects, std::back_inserter(those), condition);
-    return those;
+  Prospects Select(Condition condition) const {
+    Prospects affected;
+    std::ranges::copy_if(prospects, std::back_inserter(affected), condition);
+    return affected;
   }
 
   // "365 of 1000 massages"
@@ -76,32 +74,32 @@ struct Warner {
            });
   }
 
-  // MaxPlanes above 12, and size factors that lift a size above 12.
+  // Warns of limits above 12 planes, and of size factors that raise a size above 12.
   void WarnOfTooManyPlanes() {
     for (Long type = 0; type < TypesFilled; ++type) {
-      const Prospects those =
-          Those([&](const Prospect& flight) { return LargestSize(run, flight, type) > LargestScaled; });
-      if (Most(type) <= Slots || those.empty()) continue;
-      Warn(Limit(type, Most(type)) + ": a flight that gets more than 12 planes" + EndedBy(those) +
+      const Prospects affected =
+          Select([&](const Prospect& flight) { return LargestSize(run, flight, type) > LargestScaled; });
+      if (MostPlanes(type) <= Slots || affected.empty()) continue;
+      Warn(PlaneLimit(type, MostPlanes(type)) + ": a flight that gets more than 12 planes" + EndedBy(affected) +
            ". Lower it to 12 or less.");
     }
     for (Long nation = 1; nation < NationColumns; ++nation) {
       Long worst = AnyType;
-      const Prospects those = Those([&](const Prospect& flight) {
+      const Prospects affected = Select([&](const Prospect& flight) {
         bool tooMany = false;
         for (Long type = 0; type < TypesFilled; ++type) {
-          if (flight.nation != nation || Most(type) > Slots || LargestSize(run, flight, type) <= LargestScaled)
+          if (flight.nation != nation || MostPlanes(type) > Slots || LargestSize(run, flight, type) <= LargestScaled)
             continue;
           tooMany = true;
-          if (worst == AnyType || Most(type) > Most(worst)) worst = type;
+          if (worst == AnyType || MostPlanes(type) > MostPlanes(worst)) worst = type;
         }
         return tooMany;
       });
-      if (those.empty()) continue;
-      const Long most = Most(worst);
-      Warn(Item("Periods", run.WarPeriod, "SizeFactor", nation) + " is " + Number(Factor(nation)) + ": with " +
-           Limit(worst, most) + ", a flight can get " + to_string(RoundEven(most * Factor(nation))) +
-           " planes. More than 12" + EndedBy(those) + ". Lower the factor to " +
+      if (affected.empty()) continue;
+      const Long most = MostPlanes(worst);
+      Warn(Item("Periods", run.WarPeriod, "SizeFactor", nation) + " is " + Number(SizeFactor(nation)) + ": with " +
+           PlaneLimit(worst, most) + ", a flight can get " + to_string(RoundEven(most * SizeFactor(nation))) +
+           " planes. More than 12" + EndedBy(affected) + ". Lower the factor to " +
            Number(std::floor(LargestScaled / most * 100) / 100) + " or less.");
     }
   }
@@ -109,16 +107,18 @@ struct Warner {
   void WarnOfNoPlanes() {
     for (Long type = 0; type < TypesFilled; ++type) {
       const MissionDefRec& def = run.MissionDefs[type];
-      const Prospects ending =
-          Those([&](const Prospect& flight) { return !flight.players && !flight.scaled && flight.stored.Has(type); });
-      const Prospects mates = Those(
-          [&](const Prospect& flight) { return flight.players && !flight.playersOwn && flight.stored.Has(type); });
+      const Prospects ending = Select([&](const Prospect& flight) {
+        return !flight.inPlayerSquadron && !flight.scaled && flight.stored.Has(type);
+      });
+      const Prospects mates = Select([&](const Prospect& flight) {
+        return flight.inPlayerSquadron && !flight.isPlayerFlight && flight.stored.Has(type);
+      });
       const auto isEmptied = [](const Outcome& outcome) { return outcome.hasEmptyFlight; };
       const Long least = std::min(def.MinPlanes, def.MaxPlanes);
       if (least < 1 && !ending.empty()) {
-        Warn(Limit(type, least) + ": a flight that gets 0 planes" + EndedBy(ending) + ". Raise it to 1 or more.");
+        Warn(PlaneLimit(type, least) + ": a flight that gets 0 planes" + EndedBy(ending) + ". Raise it to 1 or more.");
       } else if (def.MinPlanes < 1 && !mates.empty() && std::ranges::any_of(massages.outcomes, isEmptied)) {
-        Warn(Limit(type, def.MinPlanes) +
+        Warn(PlaneLimit(type, def.MinPlanes) +
              ": a flight of your squadron that finds no pilots left stays in the plan, with "
              "0 planes, as in " +
              Share(isEmptied) + ". Raise it to 1 or more.");
@@ -129,14 +129,14 @@ struct Warner {
   void WarnOfEscortsLeaving() {
     std::string items;
     Prospects leaving;
-    for (Long nation = 0; nation < NationColumns && run.TypeOddsGate == 0; ++nation) {
+    for (Long nation = 0; nation < NationColumns && run.TypeOddsGate == OpenGate; ++nation) {
       const double odds = run.TypeOdds[TypeEscort].Odds[nation];
-      const Prospects those =
-          Those([&](const Prospect& flight) { return flight.drawn.Has(TypeEscort) && flight.nation == nation; });
-      if (odds <= 0 || those.empty()) continue;
+      const Prospects affected =
+          Select([&](const Prospect& flight) { return flight.drawn.Has(TypeEscort) && flight.nation == nation; });
+      if (odds <= 0 || affected.empty()) continue;
       items += (items.empty() ? Item("TypeOdds", TypeEscort, "Odds", nation) : ", Odds " + to_string(nation)) + " is " +
                Number(odds);
-      leaving.insert(leaving.end(), those.begin(), those.end());
+      leaving.insert(leaving.end(), affected.begin(), affected.end());
     }
     if (items.empty()) return;
     Warn(items + Named(TypeEscort) +
@@ -145,55 +145,56 @@ struct Warner {
          " showed a message. Keep this row at 0.");
   }
 
-  // Odds outside 0 to 1 that act on these flights. always and never say what follows.
-  void WarnIfOutside(const std::string& item, double odds, const Prospects& those, const char* always,
+  // Warns of odds outside 0 to 1 that affect flights. always and never say what odds above 1 and below 0 do.
+  void WarnIfOutside(const std::string& item, double odds, const Prospects& affected, const char* always,
                      const char* never) {
-    if ((odds >= 0 && odds <= 1) || those.empty()) return;
+    if ((odds >= 0 && odds <= 1) || affected.empty()) return;
     const bool percent = odds > 1 && odds <= 100;
     Warn(item + " is " + Number(odds) + ", but odds go from 0 to 1: it counts as " + (odds > 1 ? "1: " : "0: ") +
-         (odds > 1 ? always : never) + ". It acts on " + Flights(those) + " of this plan. " +
+         (odds > 1 ? always : never) + ". It acts on " + Flights(affected) + " of this plan. " +
          (percent ? "For " + Number(odds) + "%, write " + Number(odds / 100) + "." : "Write a number from 0 to 1."));
   }
 
   void WarnOfRemoveOdds() {
-    WarnIfOutside(Item("Periods", run.WarPeriod, "RemoveOdds"), run.Periods[run.WarPeriod].RemoveOdds,
-                  Those([](const Prospect& flight) { return flight.players ? !flight.playersOwn : flight.scaled; }),
-                  "all fighters outside your squadron are taken out, and none in it",
-                  "all flights of your squadron but your own are taken out, and no others");
+    WarnIfOutside(
+        Item("Periods", run.WarPeriod, "RemoveOdds"), run.Periods[run.WarPeriod].RemoveOdds,
+        Select([](const Prospect& flight) { return flight.inPlayerSquadron ? !flight.isPlayerFlight : flight.scaled; }),
+        "all fighters outside your squadron are taken out, and none in it",
+        "all flights of your squadron but your own are taken out, and no others");
   }
 
   void WarnOfClassOdds() {
     for (Long row = 0; row < ClassOddsRows; ++row) {
       const ClassOddsRec& odds = run.ClassOdds[row];
-      const Prospects those = Those([&](const Prospect& flight) { return flight.classRow == row; });
-      WarnIfOutside(Item("ClassOdds", row, "first value"), odds.Recon, those, "all of these missions become Recon",
+      const Prospects affected = Select([&](const Prospect& flight) { return flight.classRow == row; });
+      WarnIfOutside(Item("ClassOdds", row, "first value"), odds.Recon, affected, "all of these missions become Recon",
                     "none of these missions becomes Recon");
       if (odds.Recon < 1) {
-        WarnIfOutside(Item("ClassOdds", row, "second value"), odds.Spotting, those,
+        WarnIfOutside(Item("ClassOdds", row, "second value"), odds.Spotting, affected,
                       "all of these missions that don't become Recon become Spotting",
                       "none of these missions becomes Spotting");
       }
       const bool inside = odds.Recon >= 0 && odds.Recon <= 1 && odds.Spotting >= 0 && odds.Spotting <= 1;
-      if (!inside || odds.Recon + odds.Spotting <= 1 || those.empty()) continue;
+      if (!inside || odds.Recon + odds.Spotting <= 1 || affected.empty()) continue;
       Warn(Item("ClassOdds", row, "first value") + " " + Number(odds.Recon) + " and second value " +
-           Number(odds.Spotting) + " are above 1 together: no mission of the " + Flights(those) +
+           Number(odds.Spotting) + " are above 1 together: no mission of the " + Flights(affected) +
            " that they act on becomes " + (row == ClassOddsRows - 1 ? "Attack" : "Bomb") + ". Lower one of them.");
     }
   }
 
   void WarnOfTypeOdds() {
-    for (Long type = 0; type < TypesFilled && run.TypeOddsGate == 0; ++type) {
+    for (Long type = 0; type < TypesFilled && run.TypeOddsGate == OpenGate; ++type) {
       const bool patrol = type == TypeOffensivePatrol;
       for (Long nation = 0; nation < NationColumns; ++nation) {
         const double odds = run.TypeOdds[type].Odds[nation];
         if (type == TypeEscort && odds > 0) continue;  // has a warning of its own
-        const bool moves = nation != 0 && run.ShiftAxis >= 0 && run.ShiftAxis <= 3;
-        const Prospects those = Those([&](const Prospect& flight) {
+        const bool moves = nation != NationZero && run.ShiftAxis >= 0 && run.ShiftAxis <= 3;
+        const Prospects affected = Select([&](const Prospect& flight) {
           return flight.drawn.Has(type) && flight.nation == nation &&
                  (!patrol || (moves && flight.flight->WPCount > 3));
         });
         WarnIfOutside(
-            Item("TypeOdds", type, "Odds", nation) + Named(type), odds, those,
+            Item("TypeOdds", type, "Odds", nation) + Named(type), odds, affected,
             patrol ? "all of these patrols move further out" : "all of these missions become Offensive Patrol",
             patrol ? "none of these patrols moves further out" : "none of these missions becomes Offensive Patrol");
       }
@@ -203,30 +204,30 @@ struct Warner {
   void WarnOfSwappedSizes() {
     for (Long type = 0; type < TypesFilled; ++type) {
       const MissionDefRec& def = run.MissionDefs[type];
-      const Prospects those = Those([&](const Prospect& flight) { return flight.stored.Has(type); });
-      if (def.MinPlanes <= def.MaxPlanes || those.empty()) continue;
+      const Prospects affected = Select([&](const Prospect& flight) { return flight.stored.Has(type); });
+      if (def.MinPlanes <= def.MaxPlanes || affected.empty()) continue;
       Warn(Item("MissionDefs", type, "MinPlanes") + " " + to_string(def.MinPlanes) + " is above MaxPlanes " +
            to_string(def.MaxPlanes) + Named(type) + ": sizes are drawn between the two all the same, but of the " +
-           Flights(those) +
+           Flights(affected) +
            " that can fly this mission, more are taken out where their squadron is short. Swap the two.");
     }
   }
 
   static bool IsSwapped(const auto& row) { return row.MinAlt > row.MaxAlt; }
 
-  // Of a row of MissionDefs or Aircraft, if it counts for any flight.
-  void WarnIfSwapped(const std::string& item, const auto& row, const std::string& label, const Prospects& those) {
-    if (!IsSwapped(row) || those.empty()) return;
+  // Warns of a row of MissionDefs or Aircraft whose limits are swapped, if it counts for any flight.
+  void WarnIfSwapped(const std::string& item, const auto& row, const std::string& label, const Prospects& affected) {
+    if (!IsSwapped(row) || affected.empty()) return;
     Warn(item + " " + to_string(row.MinAlt) + " is above MaxAlt " + to_string(row.MaxAlt) + label + ": " +
-         Flights(those) +
+         Flights(affected) +
          " of this plan can get altitudes up to 1000 below the higher minimum of mission and aircraft. Swap the two.");
   }
 
-  // Where all altitudes drawn lie outside the range of the aircraft, if missionAbove, or else of the mission.
+  // Warns if all altitudes drawn are above the range of the aircraft (missionAbove) or of the mission.
   void WarnIfApart(Long type, bool missionAbove) {
     const MissionDefRec& def = run.MissionDefs[type];
     Long row = 0, from = 0, to = 0, gap = 0;  // where they are furthest apart
-    const Prospects those = Those([&](const Prospect& flight) {
+    const Prospects affected = Select([&](const Prospect& flight) {
       const AircraftRec& aircraft = run.Aircraft[flight.aircraft];
       if (!GetsAltitude(run, flight, type) || flight.aircraft >= AircraftFilled || IsSwapped(def) ||
           IsSwapped(aircraft)) {
@@ -234,7 +235,8 @@ struct Warner {
       }
       const Long upper = missionAbove ? def.MinAlt : aircraft.MinAlt;
       const Long lower = missionAbove ? aircraft.MaxAlt : def.MaxAlt;
-      const Long top = std::max(upper, LeastTop), bottom = std::max(top - Depth, LeastBottom);
+      const Long top = std::max(upper, Long{RangeFloor}),
+                 bottom = std::max(top - SubstituteDepth, Long{SubstituteFloor});
       if (upper <= lower || bottom <= lower) return false;
       if (upper - lower > gap) {
         gap = upper - lower;
@@ -244,7 +246,7 @@ struct Warner {
       }
       return true;
     });
-    if (those.empty()) return;
+    if (affected.empty()) return;
     const std::string mission =
         Item("MissionDefs", type, missionAbove ? "MinAlt" : "MaxAlt", missionAbove ? def.MinAlt : def.MaxAlt) +
         Named(type);
@@ -252,17 +254,17 @@ struct Warner {
                                    missionAbove ? run.Aircraft[row].MaxAlt : run.Aircraft[row].MinAlt);
     Warn((missionAbove ? mission + " is above " + plane : plane + " is above " + mission) +
          ": this aircraft gets altitudes from " + to_string(from) + " to " + to_string(to) +
-         ", above the range of the " + (missionAbove ? "aircraft. " : "mission. ") + Flights(those) +
+         ", above the range of the " + (missionAbove ? "aircraft. " : "mission. ") + Flights(affected) +
          " of this plan can have such altitudes. Let the ranges overlap.");
   }
 
   void WarnOfAltitudes() {
     for (Long type = 0; type < TypesFilled; ++type) {
       WarnIfSwapped(Item("MissionDefs", type, "MinAlt"), run.MissionDefs[type], Named(type),
-                    Those([&](const Prospect& flight) { return GetsAltitude(run, flight, type); }));
+                    Select([&](const Prospect& flight) { return GetsAltitude(run, flight, type); }));
     }
     for (Long row = 0; row < AircraftFilled; ++row) {
-      WarnIfSwapped(Item("Aircraft", row, "MinAlt"), run.Aircraft[row], "", Those([&](const Prospect& flight) {
+      WarnIfSwapped(Item("Aircraft", row, "MinAlt"), run.Aircraft[row], "", Select([&](const Prospect& flight) {
                       return flight.aircraft == row && GetsAltitude(run, flight, AnyType);
                     }));
     }
@@ -272,12 +274,14 @@ struct Warner {
   }
 
  private:
-  double Factor(Long nation) const { return run.Periods[run.WarPeriod].SizeFactor[nation]; }
+  double SizeFactor(Long nation) const { return run.Periods[run.WarPeriod].SizeFactor[nation]; }
 
-  Long Most(Long type) const { return std::max(run.MissionDefs[type].MinPlanes, run.MissionDefs[type].MaxPlanes); }
+  Long MostPlanes(Long type) const {
+    return std::max(run.MissionDefs[type].MinPlanes, run.MissionDefs[type].MaxPlanes);
+  }
 
   // "MissionDefs row 4 MaxPlanes 6 (CAP)": the limit of the mission type that has this value.
-  std::string Limit(Long type, Long value) const {
+  std::string PlaneLimit(Long type, Long value) const {
     return Item("MissionDefs", type, run.MissionDefs[type].MaxPlanes == value ? "MaxPlanes" : "MinPlanes", value) +
            Named(type);
   }

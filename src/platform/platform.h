@@ -9,13 +9,12 @@ namespace velmoran {
 
 enum class Button { OpenB, MassageB, ReportB, WriteB, ExitB };
 
-// Shows the open-file or the save-file dialog, beginning in the directory with the text given in its file name field.
-// Gives the field's text when the dialog closes: after Cancel it is as it went in. In the open dialog the field's
-// text also is the pattern of the names listed.
+// Shows the open or the save dialog in the directory, with fileName in its file name field. Returns the path that the
+// user chose or typed, or fileName after Cancel. The open dialog lists the names that match the pattern fileName.
 std::string ShowOpenDialog(std::string_view directory, std::string_view fileName);
 std::string ShowSaveDialog(std::string_view directory, std::string_view fileName);
 
-// Every button is enabled when the form is built.
+// Enables or disables a button. All are enabled at first.
 void EnableButton(Button button, bool enabled);
 
 // Sets the text of the hint box HintT.
@@ -27,7 +26,7 @@ void SetTargetCaption(std::string_view text);
 // Shows the text in a box with one OK button and the default title.
 void ShowMessage(std::string_view text);
 
-// Ends the program at once: no question, nothing saved. failed says that a failure is the reason.
+// Ends the program at once, without a question and without saving. The exit status reports failure if failed.
 [[noreturn]] void EndProgram(bool failed);
 
 }  // namespace velmoran

@@ -15,24 +15,24 @@ namespace velmoran {
 namespace {
 
 constexpr std::size_t ZoneWidth = 14;
-constexpr Long FlightText = 1024, WaypointText = 256;  // in characters, enough for most
+constexpr Long FlightLength = 1024, WaypointLength = 256;  // in characters, enough for most
 
-struct Printed {  // a number with a space or its minus sign before it and a space after it
+struct Spaced {  // a number with a space or its minus sign before it and a space after it
   Long number;
 };
-struct Joined {  // a number without spaces
+struct Bare {  // a number without spaces
   Long number;
 };
 struct Zone {};  // spaces up to the next multiple of ZoneWidth
 
-// Composes the report line by line from texts and numbers, each written straight to its place.
+// Composes the report line by line from texts and numbers, without a string in between.
 class ReportText {
  public:
   explicit ReportText(std::size_t expected) { text_.reserve(expected); }
 
   template <class... Items>
   void Line(const Items&... items) {
-    MakeRoom((MostCharacters(items) + ... + LineEnd.size()));
+    MakeRoom((MaxLength(items) + ... + LineEnd.size()));
     end_ = text_.data() + length_;
     (Put(items), ...);
     Put(LineEnd);
@@ -49,22 +49,22 @@ class ReportText {
   static constexpr std::string_view LineEnd = "\r\n";
   static constexpr std::size_t MostDigits = 11;  // of a Long, with its sign
 
-  // Grows in large steps, since the new room is filled with zeros.
+  // Grows in large steps, since resize() fills what it adds with zeros.
   void MakeRoom(std::size_t line) {
     constexpr std::size_t Step = 65536;
     if (text_.size() - length_ < line) text_.resize(length_ + line + Step);
   }
 
-  static std::size_t MostCharacters(std::string_view text) { return text.size(); }
-  static std::size_t MostCharacters(Joined) { return MostDigits; }
-  static std::size_t MostCharacters(Printed) { return MostDigits + 2; }
-  static std::size_t MostCharacters(Zone) { return ZoneWidth; }
+  static std::size_t MaxLength(std::string_view text) { return text.size(); }
+  static std::size_t MaxLength(Bare) { return MostDigits; }
+  static std::size_t MaxLength(Spaced) { return MostDigits + 2; }
+  static std::size_t MaxLength(Zone) { return ZoneWidth; }
 
   void Put(std::string_view text) { end_ = std::ranges::copy(text, end_).out; }
-  void Put(Joined joined) { end_ = std::to_chars(end_, end_ + MostDigits, joined.number).ptr; }
-  void Put(Printed printed) {
-    if (printed.number >= 0) *end_++ = ' ';
-    Put(Joined{printed.number});
+  void Put(Bare bare) { end_ = std::to_chars(end_, end_ + MostDigits, bare.number).ptr; }
+  void Put(Spaced spaced) {
+    if (spaced.number >= 0) *end_++ = ' ';
+    Put(Bare{spaced.number});
     *end_++ = ' ';
   }
   void Put(Zone) {
@@ -79,25 +79,25 @@ class ReportText {
 
 void PutWaypoint(ReportText& text, const WaypointRec& waypoint, Long k) {
   std::string_view name;
-  text.Line("    Altitude at Waypoint ", Printed{k}, ": ", Printed{GetWPAltitude(waypoint.AltBytes)});
-  text.Line("    Lon at Waypoint ", Printed{k}, ": ", Printed{waypoint.Lon});
-  text.Line("    Lat at Waypoint ", Printed{k}, ": ", Printed{waypoint.Lat});
+  text.Line("    Altitude at Waypoint ", Spaced{k}, ": ", Spaced{GetWPAltitude(waypoint.AltBytes)});
+  text.Line("    Lon at Waypoint ", Spaced{k}, ": ", Spaced{waypoint.Lon});
+  text.Line("    Lat at Waypoint ", Spaced{k}, ": ", Spaced{waypoint.Lat});
   GetWPAction(waypoint.Action, name);
-  text.Line("    Action at Waypoint    ", Printed{k}, ": ", Printed{waypoint.Action}, Zone{}, name);
+  text.Line("    Action at Waypoint    ", Spaced{k}, ": ", Spaced{waypoint.Action}, Zone{}, name);
   GetWPFormation(waypoint.Formation, name);
-  text.Line("    Formation at Waypoint ", Printed{k}, ": ", Printed{waypoint.Formation}, Zone{}, name);
+  text.Line("    Formation at Waypoint ", Spaced{k}, ": ", Spaced{waypoint.Formation}, Zone{}, name);
 }
 
 void PutFlight(ReportText& text, const RunState& run, const MissionRec& flight) {
   std::string_view name;
-  text.Line("Mission:       ", Printed{flight.FlightID});  // Quirk 70: the same label as the type's.
+  text.Line("Mission:       ", Spaced{flight.FlightID});  // Quirk 70: the same label as the type's.
   GetSquadName(run, flight.SquadID, name);
   text.Line("Squadron:      ", name);
   GetMissionName(flight.MissionType, name);
   text.Line("Mission:       ", name);
-  // Quirk 68: the space before the number is its own.
-  if (flight.EscortFlag > 0) text.Line("Escorting Flight Number", Printed{flight.EscortedFlight});
-  text.Line("Num Planes:    ", Printed{flight.NumAircraft});
+  // Quirk 68: Spaced puts the space before the number.
+  if (flight.EscortFlag > 0) text.Line("Escorting Flight Number", Spaced{flight.EscortedFlight});
+  text.Line("Num Planes:    ", Spaced{flight.NumAircraft});
   text.BlankLine();
   for (Long slot = 0; slot < std::min(flight.NumAircraft, Slots); ++slot) {
     const Long plane = flight.Planes[slot];
@@ -107,7 +107,7 @@ void PutFlight(ReportText& text, const RunState& run, const MissionRec& flight) 
   }
   text.BlankLine();
   for (const Long pilot : flight.Pilots) {  // Quirk 72: all slots, not only NumAircraft.
-    if (pilot != EmptySlot) text.Line("    Pilot: ", Printed{pilot});
+    if (pilot != EmptySlot) text.Line("    Pilot: ", Spaced{pilot});
   }
   Long k = 0;
   for (const WaypointRec& waypoint : Route(flight)) PutWaypoint(text, waypoint, ++k);
@@ -129,21 +129,21 @@ void PutSquadrons(ReportText& text, const RunState& run) {
     planes = static_cast<Integer>(std::int64_t{planes} + flight.NumAircraft);
   });
 
-  Integer nation = NationZero;  // a squadron outside the roster shows that of the line before
+  Integer nation = NationZero;  // if a squadron isn't in the roster, that of the line before
   for (Integer squadID = 0; squadID < SquadronRows - 1; ++squadID) {  // Quirk 74: 200 has no line.
     if (tally[squadID] == 0) continue;
     std::string_view name;
     GetSquadName(run, squadID, name);
     GetNation(run, squadID, nation);
-    text.Line("Squadron: ", name, "   ID    : ", Joined{squadID}, "   Nation: ", Joined{nation},
-              "   Planes: ", Joined{tally[squadID]});
+    text.Line("Squadron: ", name, "   ID    : ", Bare{squadID}, "   Nation: ", Bare{nation},
+              "   Planes: ", Bare{tally[squadID]});
   }
 }
 
 // An estimate, so that the text is seldom reallocated as it grows.
 std::size_t ExpectedLength(const RunState& run) {
-  Long length = FlightText;
-  ForEachInPlay(run, [&length](const MissionRec& flight) { length += FlightText + flight.WPCount * WaypointText; });
+  Long length = FlightLength;
+  ForEachInPlay(run, [&length](const MissionRec& flight) { length += FlightLength + flight.WPCount * WaypointLength; });
   return static_cast<std::size_t>(length);
 }
 
@@ -151,22 +151,22 @@ std::size_t ExpectedLength(const RunState& run) {
 
 std::string ComposeReport(const RunState& run) {
   ReportText text(ExpectedLength(run));
-  text.Line("Player Flight ID :       ", Printed{run.PlayerFlight});
-  text.Line("Mission Count    :       ", Printed{run.MissionCount});
+  text.Line("Player Flight ID :       ", Spaced{run.PlayerFlight});
+  text.Line("Mission Count    :       ", Spaced{run.MissionCount});
   text.BlankLine();
   ForEachInPlay(run, [&](const MissionRec& flight) { PutFlight(text, run, flight); });
   text.BlankLine();
   text.BlankLine();
 
   ForEachInPlay(run, [&](const MissionRec& flight) {
-    if (flight.MissionType != TypeEscort) return;  // Quirk 71: by type, whatever EscortFlag is.
-    text.Line("Mission ", Joined{flight.FlightID}, " Escort Mission for ", Joined{flight.EscortedFlight});
+    if (flight.MissionType != TypeEscort) return;  // Quirk 71: by type, not by EscortFlag.
+    text.Line("Mission ", Bare{flight.FlightID}, " Escort Mission for ", Bare{flight.EscortedFlight});
   });
   text.BlankLine();
   ForEachInPlay(run, [&](const MissionRec& flight) {
     for (const WaypointRec& waypoint : Route(flight)) {
       // Quirk 73: a line for each rendezvous.
-      if (waypoint.Action == ActionRendezvous) text.Line("Escorted Mission ", Joined{flight.FlightID});
+      if (waypoint.Action == ActionRendezvous) text.Line("Escorted Mission ", Bare{flight.FlightID});
     }
   });
   text.BlankLine();
@@ -178,8 +178,8 @@ std::string ComposeReport(const RunState& run) {
 
   for (Integer pair = 0; pair < run.GroupPairCount; ++pair) {  // Quirk 75: removed flights too.
     const GroupPairRec& grouped = run.GroupPairs[pair];
-    text.Line("Grouped Missions ", Joined{run.Missions[grouped.sourceIndex].FlightID}, " and ",
-              Joined{run.Missions[grouped.targetIndex].FlightID});
+    text.Line("Grouped Missions ", Bare{run.Missions[grouped.sourceIndex].FlightID}, " and ",
+              Bare{run.Missions[grouped.targetIndex].FlightID});
   }
   return text.Take();
 }

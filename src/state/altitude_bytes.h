@@ -6,7 +6,7 @@
 
 namespace velmoran {
 
-// Split a Long into its bytes, the least significant first, and join them again; any value.
+// Split any Long into its bytes, least significant first, and join them again.
 constexpr void LongtoByte(Long LongVal, Table<Byte, 4>& TargetData) {
   PutLong(TargetData.data(), LongVal);
 }
@@ -14,7 +14,7 @@ constexpr void ByteToLong(Long& LongVal, const Table<Byte, 4>& SourceData) {
   LongVal = LongAt(SourceData.data());
 }
 
-// One unit of the low nibble of byte 0, of its high nibble, and of byte 1, as altitudes.
+// The altitude that 1 means in the low nibble of byte 0, in its high nibble, and in byte 1.
 inline constexpr Long LowUnit = 32, HighUnit = 512, ByteUnit = 8192;
 inline constexpr Long Nibble = 16;
 

@@ -13,7 +13,7 @@ enum class FailureNumber : Integer {
   Overflow = 6,         // a number that doesn't fit its field
   NotEnoughMemory = 7,  // shown for std::bad_alloc
   OutsideTable = 9,     // a count or an index outside its table
-  NoNumber = 13,        // text where a number is expected
+  NotANumber = 13,      // text where a number is expected
   FileNotFound = 53,
   DiskFull = 61,
   PastEndOfFile = 62,  // a file that ends before its last item
@@ -24,7 +24,7 @@ enum class FailureNumber : Integer {
 struct Failure {
   FailureNumber number;
   std::string description;  // the file, the place in it and the reason; without a final period
-  std::string advice = {};  // what to do, in whole sentences; empty where only the event knows
+  std::string advice = {};  // what to do, in whole sentences; empty if the event is to add it
 };
 
 // "Error # ", the number, a space, the description and the advice: the text of the message box.

@@ -36,7 +36,7 @@ inline constexpr Byte ActionTakeoff = 11;
 inline constexpr Byte ActionLand = 12;
 inline constexpr Byte ActionRecon = 13;
 inline constexpr Byte ActionNavigate = 14;
-inline constexpr Byte NoAction = 255;  // of a mission type that has no action of its own; never stored in a file
+inline constexpr Byte NoAction = 255;  // for a mission type without an action of its own; never stored in a file
 
 inline constexpr Byte FormationEchelonRight = 0;
 inline constexpr Byte FormationEchelonLeft = 1;
@@ -61,12 +61,16 @@ inline constexpr Integer ClassLastTwoSeater = 6;
 inline constexpr Integer ClassAttacker = 7;
 inline constexpr Integer ClassArmoured = 8;
 
-// Whether flights of the class are sized by the war period and removed by chance: classes 0 to 2.
+// Whether flights of the class are scaled by the war period and removed by chance: classes 0 to 2.
 constexpr bool IsScaledClass(Integer aircraftClass) {
   return aircraftClass >= 0 && aircraftClass < ClassFirstTwoSeater;
 }
 
-inline constexpr Integer NationZero = 0;        // has a lower limit of planes, and its flights are never moved
+constexpr bool IsTwoSeaterClass(Integer aircraftClass) {
+  return aircraftClass >= ClassFirstTwoSeater && aircraftClass <= ClassLastTwoSeater;
+}
+
+inline constexpr Integer NationZero = 0;        // allowed fewer planes than the others; its flights are never moved
 inline constexpr Long NationZeroMaxPlanes = 9;  // in a flight, and in all flights of a squadron together
 inline constexpr Long SquadronMaxPlanes = 12;   // in all flights of a squadron of any other nation together
 

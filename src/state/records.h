@@ -1,5 +1,6 @@
 // A flight and its waypoints, as the mission file stores them. Comments give a field's offset in its record in the
-// file, in bytes from 0. Carried bytes are not interpreted: they are written back as they were read.
+// file, in bytes from 0. Carried bytes, and the fields whose names say no more than their place (HeadLong16, WPByte33,
+// TailLong), are not interpreted: they are written back as they were read, and grouping copies some of them.
 // files/mission_file.cpp lists the fields in file order.
 #pragma once
 
@@ -45,7 +46,7 @@ struct MissionRec {
   Table<Byte, 8> Carried184{};                   // 184
   Long WPCount = 0;                              // 192: waypoints in use, 0 to 31
   Table<Byte, 8> Carried196{};                   // 196
-  Long EscortFlag = 0;                           // 204: whether the file has EscortedFlight
+  Long EscortFlag = 0;                           // 204: not 0 if the file has EscortedFlight
   Table<Byte, 8> Carried208{};                   // 208
   Long EscortedFlight = 0;                       // 216, if present: FlightID of the flight that this one escorts
   Table<WaypointRec, WaypointRows> Waypoints{};  // the file has WPCount of them

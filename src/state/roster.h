@@ -13,7 +13,7 @@ void GetNation(const RunState& run, Integer squadID, Integer& nation);
 
 // Sets SquadName to the squadron's name, by the same rule, or to "Unknown". It points into the RunState. squadID is
 // compared as a Long: an id that doesn't fit in 16 bits is in no row.
-// Quirk 27: GetNation goes by 16 bits.
+// Quirk 27: GetNation compares 16 bits.
 void GetSquadName(const RunState& run, Long squadID, std::string_view& SquadName);
 
 }  // namespace velmoran

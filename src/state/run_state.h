@@ -11,7 +11,7 @@
 
 namespace velmoran {
 
-// The number of rows of each table, and of the rows that a file fills.
+// How many rows each table has, and how many of them a file fills.
 inline constexpr Long PeriodRows = 8, PeriodsFilled = 7;
 inline constexpr Long ClassOddsRows = 5;
 inline constexpr Long TypeRows = 21, TypesFilled = 14;
@@ -31,7 +31,7 @@ struct RunState {
   std::string MisPath;        // the mission file, as entered in the open dialog
   std::string MissionFile;    // the file that Open found there: its whole path, in the system's own spelling
   std::string DatPath;        // the campaign file beside it
-  bool WriteFailed = false;   // by the last Write
+  bool WriteFailed = false;   // whether the last Write failed
   std::string_view HintText;  // always one of the fixed hints of window/events.cpp
 
   // Image of the mission file.
@@ -57,7 +57,7 @@ struct RunState {
 
   // Campaign values.
   Long CampaignStart = 0;    // FirstCampaignDay
-  Long CampaignDate = 0;     // the campaign's current day, on the same scale
+  Long CampaignDate = 0;     // the campaign's current day, a Julian day number too
   Integer WarPeriod = 0;     // 0 to 6: row of Periods
   Integer ShiftAxis = 0;     // 1 and 3 move Lon, 0 and 2 move Lat, other values nothing
   Integer TypeOddsGate = 0;  // 0 lets missions become offensive patrols

@@ -94,7 +94,7 @@ void Form_Load(RunState& run) {
     run.MisPath.clear();
     SetInitialValues(run);
     run.WorkDir = CurrentDirectory();
-    // Quirk 10: with a folder name of any length.
+    // Quirk 10: right only if the folder's name has eight characters.
     run.DataPath = DropLastCharacters(run.WorkDir, FolderNameLength) + "data\\simpatch";
     ReadSetup(run);
     GetSquadInfo(run);
@@ -117,7 +117,7 @@ void OpenB_Click(RunState& run) {
     const InputFile file(run.MisPath, "Choose the mission file of your campaign, campgn??.mis.");
     std::string path = file.Path();
     const std::string shownPath = Printable(path);
-    // Quirk 14: with any extension.
+    // Quirk 14: even if they aren't "mis".
     run.DatPath = DropLastCharacters(run.MisPath, ExtensionLength) + "dat";
     ReadCampaignDate(run);
     ReadMissions(run, file.ReadAll(), shownPath);
@@ -158,7 +158,7 @@ void MassageB_Click(RunState& run) {
   } catch (const MassageStopped& stopped) {
     ShowMessage(stopped.message);
     EndProgram(true);
-  } catch (const std::bad_alloc&) {  // for the text of MassageStopped
+  } catch (const std::bad_alloc&) {  // while composing the message of MassageStopped
     ShowMessage(NotEnoughMemoryToMassage);
     EndProgram(true);
   }

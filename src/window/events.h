@@ -1,6 +1,6 @@
-// The six events of the form, the only way into the logic. Each runs to its end, shows what goes wrong in a message
-// box (memory that runs out, too), and leaves no file open. A front end calls Form_Load once, before the form is shown,
-// and then the event of a button only while that button is enabled.
+// The six events of the form. Each reports its failures in a message box, running out of memory included, and leaves
+// no file open. A front end calls Form_Load once, before the form is shown, and then the event of a button only while
+// that button is enabled.
 #pragma once
 
 #include <string_view>
@@ -37,10 +37,10 @@ void ReportB_Click(RunState& run);
 // WriteFailed changes, and Write can be pressed again.
 void WriteB_Click(RunState& run);
 
-// Ends the program; nothing is saved. It has failed if the last Write has.
+// Ends the program without saving, with the exit status of a failure if the last Write failed.
 [[noreturn]] void ExitB_Click(const RunState& run);
 
-// Does the event of the button.
+// Calls the event of the button.
 void Press(RunState& run, Button button);
 
 }  // namespace velmoran

@@ -1,9 +1,9 @@
 // Drives the real window in the console's language: commands on standard input, and on standard output what
-// velmoran-console would print, read off the window's own controls. Beside the console's words there are "space" and
-// "enter", which press the key, "tab", which also tells where the focus is then, and "look", which tells the form's
-// controls from top to bottom. The end of the input closes the window.
+// velmoran-console would print, read off the window's own controls. Its own words are "space" and "enter", which
+// press the key, "tab", which also prints where the focus is then, and "look", which prints the form's controls from
+// top to bottom. The end of the input closes the window.
 //
-// driver.cpp speaks the language; its hands and eyes, declared below it, are one source for each kind of window.
+// driver.cpp reads the commands. The functions below Step have one source for each kind of window.
 #pragma once
 
 #include <string>
@@ -11,8 +11,8 @@
 
 namespace driver {
 
-// Does what there is to do: answers the open dialog or box, else takes the next command. Called again and again;
-// ends the program where nothing has happened for too long.
+// Answers the open dialog or message box, or else does the next command. Is called again and again; ends the program if
+// nothing has happened for too long.
 void Step();
 
 enum class Front { Nothing, Form, FileDialog, MessageBox };  // what takes the user's input at the moment

@@ -74,8 +74,8 @@ void Leave(int button) {
   for (int i = 0; i < 50 && IsWindowVisible(left); ++i) Sleep(10);
 }
 
-// The form takes what is posted in its order, and the caret's place in HintT can be seen from here: where it stands at
-// the mark, all that was posted before has begun.
+// The form takes what is posted in its order, and the caret's place in HintT can be seen from here: once it is
+// the mark, everything posted before has begun.
 int mark = 1;
 
 bool MarkSeen() {

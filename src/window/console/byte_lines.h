@@ -1,4 +1,4 @@
-// Lines as bytes, on standard input and output that aren't a terminal of Windows.
+// ReadLine and WriteLine of terminal.h for everything but a Windows terminal: lines of bytes, passed on unchanged.
 #pragma once
 
 #include <cstdio>

@@ -1,5 +1,5 @@
 // The form as lines of text: commands on standard input, what the form shows on standard output, each line flushed,
-// so that a person at a terminal and a program behind a pipe can drive it alike.
+// so that a person can drive it from a terminal and a program through a pipe.
 
 #include <algorithm>
 #include <array>
@@ -12,7 +12,6 @@
 #include "platform/platform.h"
 #include "window/captions.h"
 #include "window/console/terminal.h"
-#include "window/dll_search.h"
 #include "window/events.h"
 
 namespace velmoran {
@@ -29,7 +28,7 @@ constexpr std::array<Command, 5> Commands{{{"open", Button::OpenB},
                                            {"write", Button::WriteB},
                                            {"exit", Button::ExitB}}};
 
-// What the form shows at the moment. The seam's functions know no RunState, so the form is the front end's own.
+// What the form shows. The functions of platform.h take no RunState, so the front end keeps it here.
 struct Form {
   const RunState* run;
   std::array<bool, Commands.size()> enabled{true, true, true, true, true};  // by Button
@@ -39,13 +38,13 @@ struct Form {
 };
 Form form;
 
-constexpr std::size_t LongestHint = 256, LongestCommands = 64;  // in bytes, at least
+constexpr std::size_t HintCapacity = 256, CommandsCapacity = 64;  // in bytes, enough for any of them
 
 bool& Enabled(Button button) {
   return form.enabled[static_cast<std::size_t>(button)];
 }
 
-// Ends the program if standard output fails: what follows, a failed Write too, would be seen by nobody.
+// Ends the program if standard output fails: nobody would see what follows, not even that a Write failed.
 void Print(std::string_view label, std::string_view text) {
   if (WriteLine(label, text)) return;
   std::fputs("velmoran-console: standard output can't be written; no further command was done\n", stderr);
@@ -64,8 +63,8 @@ void PrintForm() {
   Print("commands: ", form.commands);
 }
 
-// What is typed next; the end of the input closes the form.
-std::string Typed() {
+// Reads the next line. The end of the input closes the form.
+std::string NextLine() {
   std::string line;
   const Input input = ReadLine(line);
   if (input == Input::End) ExitB_Click(*form.run);
@@ -79,7 +78,7 @@ std::string Typed() {
 
 std::string Ask(std::string_view caption, std::string_view fileName) {
   Print("ask: ", std::string(caption) + " [" + std::string(fileName) + "]");
-  const std::string line = Typed();
+  const std::string line = NextLine();
   return line.empty() ? std::string(fileName) : line;
 }
 
@@ -137,13 +136,12 @@ void EndProgram(bool failed) {
 
 int main() {
   using namespace velmoran;
-  LoadDllsFromSystemOnly();
   BeginTerminal();
   static RunState run;
   form.run = &run;
   try {
-    form.hint.reserve(LongestHint);
-    form.commands.reserve(LongestCommands);
+    form.hint.reserve(HintCapacity);
+    form.commands.reserve(CommandsCapacity);
     if (AtTerminal()) Print(captions::Label1, std::string(" ") + std::string(captions::Label2));
   } catch (const std::bad_alloc&) {
     ShowMessage(NotEnoughMemoryToStart);
@@ -153,7 +151,7 @@ int main() {
   PrintForm();
   while (true) {
     try {
-      const std::string word = Trimmed(Typed());
+      const std::string word = Trimmed(NextLine());
       if (word.empty()) continue;
       Obey(run, word);
     } catch (const std::bad_alloc&) {

@@ -6,8 +6,9 @@
 
 namespace velmoran {
 
-// Prepares the process: a broken pipe, or a file that has reached the limit on its size, is an error of WriteLine
-// instead of the end of the program, and freed memory is kept for later use.
+// Prepares the process; must be called first in main. On Linux a broken pipe, or a file that has reached the limit on
+// its size, then is an error of WriteLine instead of the end of the program, and freed memory is kept for later use; on
+// Windows see window/dll_search.h.
 void BeginTerminal();
 
 // Whether standard input is a terminal.
@@ -15,11 +16,11 @@ bool AtTerminal();
 
 enum class Input { Line, End, Error };
 
-// Reads the next line, without its end. The rest of a line for which there isn't enough memory is skipped before
-// std::bad_alloc goes on.
+// Reads the next line, without its end. If there isn't enough memory for it, throws std::bad_alloc; a line that isn't
+// from a Windows terminal has then been read to its end.
 Input ReadLine(std::string& line);
 
-// Writes the label, the text and a line end at once. False if standard output fails.
+// Writes the label, the text and a line end, and flushes them. Returns false if standard output fails.
 bool WriteLine(std::string_view label, std::string_view text);
 
 }  // namespace velmoran

@@ -11,10 +11,10 @@ namespace velmoran {
 void BeginTerminal() {
   std::signal(SIGPIPE, SIG_IGN);
   std::signal(SIGXFSZ, SIG_IGN);
-#ifdef __GLIBC__  // which would give a report's memory back to the system, and take fresh pages for the next report
-  constexpr int Kept = 32 << 20;  // in bytes, more than a plan and its report take
-  mallopt(M_MMAP_THRESHOLD, Kept);
-  mallopt(M_TRIM_THRESHOLD, Kept);
+#ifdef __GLIBC__  // which would return a report's memory to the system, and take fresh pages for the next report
+  constexpr int KeptMemory = 32 << 20;  // in bytes, more than a plan and its report take
+  mallopt(M_MMAP_THRESHOLD, KeptMemory);
+  mallopt(M_TRIM_THRESHOLD, KeptMemory);
 #endif
 }
 

@@ -1,8 +1,9 @@
 #include "files/utf16.h"
 #include "window/console/byte_lines.h"
 #include "window/console/terminal.h"
+#include "window/dll_search.h"
 
-// A terminal of Windows takes and gives UTF-16; its byte functions lose what isn't ASCII.
+// A Windows terminal reads and writes UTF-16; its functions for bytes lose what isn't ASCII.
 
 namespace velmoran {
 
@@ -17,7 +18,9 @@ constexpr wchar_t EndOfInput = 0x1A;  // Ctrl-Z
 
 }  // namespace
 
-void BeginTerminal() {}
+void BeginTerminal() {
+  LoadDllsFromSystemOnly();
+}
 
 bool AtTerminal() {
   return IsTerminal(STD_INPUT_HANDLE);

@@ -39,12 +39,13 @@ namespace {
 
 constexpr int Margin = 24, BandSpace = 14, LineSpace = 4, LeastSpace = 3;            // in device-independent pixels
 constexpr int ButtonColumns = 28, HintColumns = 64, HintLines = 4, ButtonLines = 2;  // in characters of the system font
-constexpr int DialogColumns = 110, DialogLines = 32, LeastSection = 14, MostSection = 60;  // in the same
+constexpr int DialogColumns = 110, DialogLines = 32, LeastSection = 14, MostSection = 60;  // in characters too
 constexpr int FocusWidth = 2;      // in device-independent pixels
-constexpr double TitleSize = 2.2;  // of Label1, in sizes of the system font
+constexpr double TitleSize = 2.2;  // of Label1, times the system font's
 
-// The size of the screen's work area without a window's frame, which is estimated: the window manager draws it later.
-QSize RoomFor(const QWidget& window) {
+// The largest size that a window can have in the screen's work area. Its frame is estimated: the window manager adds it
+// later.
+QSize LargestSizeOf(const QWidget& window) {
   const int title = window.style()->pixelMetric(QStyle::PM_TitleBarHeight);
   const int border = window.style()->pixelMetric(QStyle::PM_MdiSubWindowFrameWidth);
   return window.screen()->availableSize() - QSize(2 * border, title + 2 * border);
@@ -69,8 +70,8 @@ class TargetLabel : public QLabel {
   }
 };
 
-// At least as high as its text at the width it has. A text box has no focus frame in most styles; this one does, in the
-// colour of text, so that it can be seen with any style and contrast.
+// Always high enough for its text. Most styles give a text box no focus frame; this one has a frame in the colour of
+// text, which can be seen with any style and contrast.
 class HintBox : public QPlainTextEdit {
  public:
   HintBox() {
@@ -89,7 +90,7 @@ class HintBox : public QPlainTextEdit {
     option.setWrapMode(wordWrapMode());
     text.setTextOption(option);
     text.beginLayout();
-    double height = frame + 1;  // one less and it would scroll
+    double height = frame + 1;  // with one less it would scroll
     for (QTextLine line = text.createLine(); line.isValid(); line = text.createLine()) {
       line.setLineWidth(width - frame);
       height += line.height();
@@ -126,7 +127,7 @@ class Space : public QSpacerItem {
   QSize minimumSize() const override { return {0, LeastSpace}; }
 };
 
-// All the controls. The form scrolls when it is lower than the least height of its bands.
+// All the controls. The form scrolls when it is lower than their least height.
 class Bands : public QWidget {
  public:
   int heightForWidth(int width) const override { return layout()->totalMinimumHeightForWidth(width); }
@@ -136,10 +137,10 @@ class MissionForm : public QScrollArea {
  public:
   explicit MissionForm(const RunState& state) : run(state) {}
 
-  // As large as its bands want to be, within the work area.
-  QSize sizeHint() const override { return widget()->layout()->sizeHint().boundedTo(RoomFor(*this)); }
+  // The size that its controls prefer, within the work area.
+  QSize sizeHint() const override { return widget()->layout()->sizeHint().boundedTo(LargestSizeOf(*this)); }
 
-  // Scrolls until all of the control is seen. QScrollArea's own would do with the cursor of a text.
+  // Scrolls until all of the control can be seen. QScrollArea's own would be content with a text box's cursor.
   void ScrollTo(const QWidget& control) {
     const QPoint centre = control.mapTo(widget(), control.rect().center());
     ensureVisible(centre.x(), centre.y(), control.width() / 2 + LeastSpace, control.height() / 2 + LeastSpace);
@@ -152,7 +153,7 @@ class MissionForm : public QScrollArea {
   const RunState& run;
 };
 
-// What the functions of the seam work on.
+// What the functions of platform.h work on.
 struct Form {
   MissionForm* window;
   std::array<QPushButton*, 5> buttons;  // by Button
@@ -169,7 +170,7 @@ QString ToQt(std::string_view text) {
   return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
-// Does a button's event. Where that disables the button, the next control that can have the focus takes it.
+// Calls a button's event. If that disables the button, the next control that can have the focus gets it.
 void Do(RunState& run, Button button) noexcept {
   Press(run, button);
   QWidget* focus = ButtonOf(button);
@@ -177,7 +178,7 @@ void Do(RunState& run, Button button) noexcept {
   focus->setFocus();
 }
 
-// Builds the form: bands from top to bottom, parted by rules. The order of the calls is the tab order.
+// Builds the form: bands of controls from top to bottom, separated by rules. The order of the calls is the tab order.
 void BuildForm(RunState& run) {
   form.window = new MissionForm(run);
   form.window->setObjectName("Mission");
@@ -260,20 +261,20 @@ void BuildForm(RunState& run) {
   bands->addSpacerItem(new Space(Margin));
   form.window->setWidget(content);
   QObject::connect(qApp, &QApplication::focusChanged, form.window, [](QWidget* /*before*/, QWidget* focus) {
-    const bool pressed = QApplication::mouseButtons() != Qt::NoButton;  // by the mouse: a button must not move then
+    const bool pressed = QApplication::mouseButtons() != Qt::NoButton;  // then scrolling would move the button away
     if (!pressed && form.window->isAncestorOf(focus)) form.window->ScrollTo(*focus);
   });
   form.window->resize(form.window->sizeHint());
 }
 
-// Qt's own icons by the kind of a file would open each one that is listed, to guess its kind.
+// Gives files one icon and no type: to find these, Qt would open each file that is listed.
 class PlainIcons : public QFileIconProvider {
  public:
   QIcon icon(const QFileInfo& info) const override { return QFileIconProvider::icon(info.isDir() ? Folder : File); }
   QString type(const QFileInfo& info) const override { return info.isDir() ? "Folder" : "File"; }
 };
 
-// Qt's own dialog: the desktop's drops the name that the field begins with.
+// Qt's own dialog: the desktop's doesn't show the given file name.
 class FileDialog : public QFileDialog {
  public:
   FileDialog(AcceptMode mode, std::string_view directory, std::string_view fileName) : QFileDialog(form.window) {
@@ -282,9 +283,9 @@ class FileDialog : public QFileDialog {
     setIconProvider(&icons);
     setAcceptMode(mode);
     setFileMode(AnyFile);
-    findChild<QWidget*>("fileTypeLabel")->hide();  // the name field has the pattern
+    findChild<QWidget*>("fileTypeLabel")->hide();  // the name field shows the pattern
     findChild<QWidget*>("fileTypeCombo")->hide();
-    // Names that complete what was typed may pop up only after the folder has been left, and would take the next keys.
+    // Completions may pop up only after the dialog has gone to another folder, and would take the next keys.
     NameField().setCompleter(nullptr);
     const int column = fontMetrics().averageCharWidth(), line = fontMetrics().lineSpacing();
     auto& files = *findChild<QTreeView*>("treeView");
@@ -292,21 +293,21 @@ class FileDialog : public QFileDialog {
     files.header()->setSectionResizeMode(QHeaderView::ResizeToContents);
     files.header()->setMinimumSectionSize(LeastSection * column);
     files.header()->setMaximumSectionSize(MostSection * column);
-    resize(QSize(DialogColumns * column, DialogLines * line).boundedTo(RoomFor(*this)));
-    Begin(ToQt(directory), ToQt(fileName));
+    resize(QSize(DialogColumns * column, DialogLines * line).boundedTo(LargestSizeOf(*this)));
+    ShowFolder(ToQt(directory), ToQt(fileName));
   }
 
   QString chosen;  // the path in full
 
  protected:
-  // Any name is taken as it is, but a folder is gone to, and a pattern in the open dialog lists the names that match.
+  // Accepts any name, but goes to a folder, and for a pattern in the open dialog lists the names that match.
   void accept() override {
     const QFileInfo typed(directory(), NameField().text());
     const QFileInfo pattern(directory(), NameField().text().replace('\\', '/'));
     if (NameField().text().isEmpty()) return;
-    if (typed.isDir()) return Begin(typed.canonicalFilePath(), begunWith);
+    if (typed.isDir()) return ShowFolder(typed.canonicalFilePath(), initialName);
     if (acceptMode() == AcceptOpen && !typed.exists() && pattern.fileName().contains(QRegularExpression("[*?]"))) {
-      return Begin(pattern.path(), pattern.fileName());
+      return ShowFolder(pattern.path(), pattern.fileName());
     }
     chosen = typed.absoluteFilePath();
     QDialog::accept();  // QFileDialog's own would refuse the name. NOLINT(bugprone-parent-virtual-call)
@@ -316,15 +317,15 @@ class FileDialog : public QFileDialog {
   static constexpr int TypeColumn = 2;  // of QFileSystemModel
 
   QLineEdit& NameField() { return *findChild<QLineEdit*>("fileNameEdit"); }
-  void Begin(const QString& directory, const QString& fileName) {
-    begunWith = fileName;
+  void ShowFolder(const QString& directory, const QString& fileName) {
+    initialName = fileName;
     setDirectory(directory);
     if (acceptMode() == AcceptOpen) setNameFilter(fileName);
     NameField().setText(fileName);
     NameField().selectAll();
   }
 
-  QString begunWith;  // the name or the pattern that the field showed before the user's
+  QString initialName;  // what the field showed before the user typed
 };
 
 std::string Ask(QFileDialog::AcceptMode mode, std::string_view directory, std::string_view fileName) {
@@ -347,7 +348,7 @@ void EnableButton(Button button, bool enabled) {
 }
 
 void SetHintText(std::string_view text) {
-  form.hint->setPlainText(ToQt(text));  // of which Qt itself tells screen readers
+  form.hint->setPlainText(ToQt(text));  // Qt itself notifies screen readers
   form.hint->updateGeometry();
 }
 
@@ -365,14 +366,14 @@ void ShowMessage(std::string_view text) {
 }
 
 void EndProgram(bool failed) {
-  std::_Exit(failed ? EXIT_FAILURE : EXIT_SUCCESS);  // at once: nothing is taken down
+  std::_Exit(failed ? EXIT_FAILURE : EXIT_SUCCESS);  // at once: no destructor runs
 }
 
 }  // namespace velmoran
 
 namespace {
 
-// Stands in for Qt's messages while it looks for a display: without one it would abort.
+// Qt's message handler while it looks for a display: without one, Qt itself would abort.
 void EndWithoutDisplay(QtMsgType type, const QMessageLogContext& /*context*/, const QString& /*message*/) {
   if (type != QtFatalMsg) return;
   std::fputs("velmoran: there is no display that the window can use; velmoran-console does without\n", stderr);
@@ -390,13 +391,13 @@ QIcon Icon() {
 
 int main(int /*argc*/, char** argv) {
   using namespace velmoran;
-  int nameAlone = 1;                     // there is no command line
-  qputenv("QT_ENABLE_REGEXP_JIT", "0");  // which would make memory both writable and executable
-  const QtMessageHandler usual = qInstallMessageHandler(EndWithoutDisplay);
-  const QApplication application(nameAlone, argv);
-  qInstallMessageHandler(usual);
+  int argumentCount = 1;                 // the program's name: there are no options
+  qputenv("QT_ENABLE_REGEXP_JIT", "0");  // the JIT would make memory both writable and executable
+  const QtMessageHandler defaultHandler = qInstallMessageHandler(EndWithoutDisplay);
+  const QApplication application(argumentCount, argv);
+  qInstallMessageHandler(defaultHandler);
   QApplication::setWindowIcon(Icon());
-  QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, "/dev/null");  // Qt's dialog keeps nothing either
+  QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, "/dev/null");  // Qt's dialog stores no settings
 
   const auto run = std::make_unique<RunState>();
   BuildForm(*run);

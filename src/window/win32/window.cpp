@@ -2,7 +2,7 @@
 
 #define NOMINMAX
 #include <windows.h>
-// which must stand before these
+// After windows.h.
 #include <commctrl.h>
 #include <commdlg.h>
 
@@ -29,15 +29,15 @@ namespace {
 constexpr std::size_t TipColumns = 80;
 constexpr int TitlePercent = 220;  // the size of Label1, in hundredths of the system font's
 constexpr const wchar_t* TitleFaces[] = {L"MS Sans Serif", L"Microsoft Sans Serif"};  // the latter can be scaled
-constexpr int RuleHeight = 2;         // in pixels at any dpi: a rule draws no more, and erases nothing below
-constexpr int LeastSpace = 25;        // of the space between the controls before the form scrolls, in percent
-constexpr int ScrollLines = 3;        // lines of the system font by a click on the scroll bar's arrow
-constexpr DWORD LongestPath = 32768;  // in UTF-16 units, with the zero behind it
+constexpr int RuleHeight = 2;   // in pixels at any dpi: a rule draws just these, and doesn't erase what is below them
+constexpr int LeastSpace = 25;  // percent of the space between the controls that is left when the form scrolls
+constexpr int ScrollLines = 3;  // for a click on the scroll bar's arrow, in lines of the system font
+constexpr DWORD LongestPath = 32768;  // in UTF-16 units, with the final zero
 
 struct Place {
   HWND control;
   RECT area;    // in the client area
-  LONG spaces;  // above it: its own and those of the controls above
+  LONG spaces;  // the heights of all spaces above it, added up
 };
 
 struct DeleteFont {
@@ -45,14 +45,14 @@ struct DeleteFont {
 };
 using Font = std::unique_ptr<std::remove_pointer_t<HFONT>, DeleteFont>;
 
-// What the functions of the seam work on.
+// What the functions of platform.h work on.
 struct Form {
   RunState* run;
   HWND window, tip;
   int letter;  // the height of the system font's letters
   Font text, title;
-  // as the resource makes it
-  int firstLetter;
+  // as in the dialog resource
+  int resourceLetter;
   SIZE client;
   std::vector<Place> places;  // from top to bottom
   LONG spaces;
@@ -78,7 +78,7 @@ SIZE SizeOf(const RECT& area) {
   return {area.right - area.left, area.bottom - area.top};
 }
 
-// A function that Windows has had since version 10 only; null before.
+// A function that only Windows 10 and later have; null on an older one.
 template <class Function>
 Function* Newer(const char* name) {
   const FARPROC found = GetProcAddress(GetModuleHandleW(L"user32"), name);
@@ -102,9 +102,9 @@ int ScrollBarWidth() {
   return GetSystemMetrics(SM_CXVSCROLL);
 }
 
-// A length of the form as the resource makes it, for the letters of the moment.
+// Converts a length in the dialog resource to the current size of the letters.
 int Scaled(LONG length) {
-  return MulDiv(static_cast<int>(length), form.letter, form.firstLetter);
+  return MulDiv(static_cast<int>(length), form.letter, form.resourceLetter);
 }
 
 // The size of the window whose client area has this size.
@@ -143,7 +143,7 @@ bool IsScalable(const LOGFONTW& font) {
   return scalable;
 }
 
-// Gives the controls the system font at the dpi.
+// Gives the controls the system font in its size at this dpi.
 void SetFonts(int dpi) {
   NONCLIENTMETRICSW system{};
   system.cbSize = sizeof system;
@@ -172,7 +172,7 @@ void SetFonts(int dpi) {
   form.title = std::move(title);
 }
 
-// Gives HintT a width. Returns the height that all of its text needs then.
+// Sets the width of HintT. Returns the height that its whole text needs then.
 int HintHeight(int width) {
   const HWND hint = ControlOf(IDC_HintT);
   RECT whole, text;
@@ -189,10 +189,10 @@ int HintHeight(int width) {
   return lines * metrics.tmHeight + static_cast<int>(SizeOf(whole).cy - SizeOf(text).cy);
 }
 
-// How the controls give way in a client area that is smaller or larger than the resource makes it.
+// How the controls fit a client area that is smaller or larger than in the dialog resource, in pixels.
 struct Fit {
   int wider, hintTaller;  // negative: narrower, less tall
-  int spaceLess;          // of all spaces together
+  int spaceLess;          // taken from all spaces together
   int height;             // of all controls
 };
 Fit FitTo(LONG width, LONG height) {
@@ -211,9 +211,9 @@ Fit FitTo(LONG width, LONG height) {
   return fit;
 }
 
-// Puts the controls where the form's size wants them: a button stays in the middle, everything else is as wide as the
-// form, and HintT takes the height that is left over. In a form that is too low for them HintT's spare lines go first,
-// then most of the space between the controls, and then the form scrolls.
+// Fits the controls to the form: buttons stay in the middle, everything else is as wide as the form, and HintT gets the
+// height that is left. If the form is too low, HintT gives up its spare lines, then the space between the controls
+// shrinks to LeastSpace, and then the form scrolls.
 void Arrange() {
   RECT client;
   GetClientRect(form.window, &client);
@@ -236,7 +236,7 @@ void Arrange() {
   bar.cbSize = sizeof bar;
   bar.fMask = SIF_RANGE | SIF_PAGE | SIF_POS;
   bar.nMax = fit.height - 1;
-  bar.nPage = static_cast<UINT>(client.bottom);  // a bar whose page holds all is hidden
+  bar.nPage = static_cast<UINT>(client.bottom);  // Windows hides the bar if a page is the whole range
   bar.nPos = form.scrolled;
   SetScrollInfo(form.window, SB_VERT, &bar, TRUE);
   RedrawWindow(form.window, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
@@ -247,7 +247,7 @@ void ScrollTo(int position) {
   Arrange();
 }
 
-// What a press of the scroll bar or of a key asks for.
+// Does what the scroll bar or a key requests.
 void Scroll(WORD request) {
   SCROLLINFO bar{};
   bar.cbSize = sizeof bar;
@@ -285,10 +285,10 @@ void ShowFocus() {
   if (above > 0 || below > 0) ScrollTo(form.scrolled + below - above);
 }
 
-// Shows the whole of ltarget's caption in its tool tip, for the eye sees a long one shortened in the middle.
+// Sets the tool tip of ltarget to its whole caption: the label shows a long one shortened in the middle.
 void SetTip(std::string_view text) {
   std::wstring wide = ToUtf16(text);
-  for (std::size_t begin = 0; wide.size() - begin > TipColumns; ++begin) {  // a line of its own for each so many
+  for (std::size_t begin = 0; wide.size() - begin > TipColumns; ++begin) {  // breaks it into lines
     const std::size_t separator = wide.rfind(L'\\', begin + TipColumns);
     begin = separator == std::wstring::npos || separator < begin ? begin + TipColumns : separator + 1;
     wide.insert(begin, 1, L'\n');
@@ -310,15 +310,15 @@ HICON IconOf(int widthMetric, int heightMetric) {
 
 void BeginForm(HWND window) {
   form.window = window;
-  constexpr int DisableAll = 7;  // of what a dialog does by itself when the dpi changes: this form does it
+  constexpr int DisableAll = 7;  // that a dialog does when the dpi changes: this form does it instead
   if (const auto setBehavior = Newer<BOOL WINAPI(HWND, int, int)>("SetDialogDpiChangeBehavior")) {
     setBehavior(window, DisableAll, DisableAll);
   }
   LOGFONTW font;
   GetObjectW(reinterpret_cast<HGDIOBJ>(SendMessageW(window, WM_GETFONT, 0, 0)), sizeof font, &font);
-  form.firstLetter = std::abs(font.lfHeight);
+  form.resourceLetter = std::abs(font.lfHeight);
   RECT area{0, 0, FormWidth, FormHeight};
-  MapDialogRect(window, &area);  // the window itself is no larger than the screen
+  MapDialogRect(window, &area);  // not from the window, which is no larger than the screen
   form.client = SizeOf(area);
   LONG bottom = 0;
   for (HWND control = GetWindow(window, GW_CHILD); control != nullptr; control = GetWindow(control, GW_HWNDNEXT)) {
@@ -349,7 +349,7 @@ void BeginForm(HWND window) {
   SendMessageW(window, WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(IconOf(SM_CXSMICON, SM_CYSMICON)));
 }
 
-// Does a button's event. Where that disables the button, the next control that can have the focus takes it.
+// Calls a button's event. If that disables the button, the next control that can have the focus gets it.
 void Do(Button button) noexcept {
   Press(*form.run, button);
   if (IsWindowEnabled(ControlOf(button))) return;
@@ -391,7 +391,7 @@ INT_PTR CALLBACK FormEvent(HWND window, UINT message, WPARAM word, LPARAM value)
     case WM_DPICHANGED: {
       SetFonts(HIWORD(word));
       MoveIntoWorkArea(*reinterpret_cast<const RECT*>(value));
-      Arrange();  // also where the size stays
+      Arrange();  // even if the size stays the same
       return TRUE;
     }
     default:
@@ -399,8 +399,8 @@ INT_PTR CALLBACK FormEvent(HWND window, UINT message, WPARAM word, LPARAM value)
   }
 }
 
-// Shows one of the common dialogs. It begins in the folder of the path that it is given, and lists by its name where
-// that is a pattern.
+// Shows one of the common dialogs, in the directory and with the name in its field; for a pattern it lists the names
+// that match.
 std::string Ask(BOOL(WINAPI* show)(OPENFILENAMEW*), std::string_view directory, std::string_view fileName) {
   const std::wstring before = ToUtf16(CurrentDirectory());
   const std::wstring folder = ToUtf16(directory), name = ToUtf16(fileName);
@@ -422,7 +422,7 @@ std::string Ask(BOOL(WINAPI* show)(OPENFILENAMEW*), std::string_view directory, 
     dialog.lpstrInitialDir = folder.c_str();
     chosen = show(&dialog);
   }
-  SetCurrentDirectoryW(before.c_str());  // the open dialog may leave another one all the same
+  SetCurrentDirectoryW(before.c_str());  // the open dialog may change it despite OFN_NOCHANGEDIR
   return chosen ? ToUtf8(path.c_str()) : std::string(fileName);
 }
 
@@ -476,7 +476,7 @@ int WINAPI wWinMain(HINSTANCE instance, HINSTANCE /*before*/, PWSTR /*commandLin
 
   MSG message;
   while (GetMessageW(&message, nullptr, 0, 0) > 0) {
-    // In a text of several lines Escape would close the form.
+    // In a text box of several lines, Escape would close the form.
     if (message.message == WM_KEYDOWN && message.wParam == VK_ESCAPE) continue;
     // The form scrolls, no matter which control has the focus or is under the mouse.
     if (message.message == WM_MOUSEWHEEL && IsChild(form.window, message.hwnd)) message.hwnd = form.window;
