@@ -99,15 +99,15 @@ TEST_F(FlightSizeTest, RemovalIsListedForEscortsAndOnceForEachRendezvous) {
   Add({.actions = {ActionRendezvous, ActionPatrol, ActionRendezvous}});
   Add({.actions = {ActionPatrol}});
   for (const Long row : {0, 1, 2, 0}) RemoveFlight(run, Narrow(row));
-  EXPECT_EQ((Longs{run.LostEscortCount, run.LostEscortFlights[1]}), (Longs{2, 5}));
-  EXPECT_EQ((Longs{run.LostRendezvousCount, run.LostRendezvousFlights[1]}), (Longs{2, 1}));
-  EXPECT_EQ(RowsInPlay(), Longs{});
+  EXPECT_EQ((Longs{run.LostEscortCount, run.LostRendezvousCount}), (Longs{2, 2}));
+  EXPECT_EQ((Longs{run.LostEscortFlights[1], run.LostRendezvousFlights[1]}), (Longs{5, 1}));
   EXPECT_EQ(fakes::form.messages, std::vector{std::string(PlayerFlightLost)});
 
   run.LostRendezvousCount = 200;  // room for one more
   EXPECT_EQ(Stopped(RemoveFlight, 1, MassageStopped::Reason::ListOverflow),
             "Error # 9 LostRendezvousFlights has no room for flight 1: it holds 201 already. The mission file was not "
             "changed. Lower the odds of removal in Velmoran.ini.");
+  EXPECT_EQ(run.LostRendezvousCount, 201);
 }
 
 TEST_F(FlightSizeTest, RoomForMinPlanesIsTooLittleAndRemovedFlightsCount) {

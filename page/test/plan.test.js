@@ -227,7 +227,7 @@ test("which report came first, and swapping", async () => {
   assert.equal(pairs(content), "0-0 yes, -1 yes");
   assert.equal(content.rows[1].cells[6], "added");
   assert.deepEqual(content.totals.map(({ what, before, after }) => `${what} ${before} ${after}`).sort(),
-    ["CAP 0 1", "Recon 1 1", "flights 1 2", "pilots 1 3", "planes 1 2"]);
+    ["CAP 0 2", "Recon 1 0", "flights 1 2", "pilots 1 3", "planes 1 2"]);
 });
 
 test("the player's flight is marked only where it is proven", async () => {
