@@ -136,12 +136,11 @@ void OpenB_Click(RunState& run) {
 
 bool AcceptPlan(const RunState& run) {
   try {
-    const std::string place = Printable(run.MissionFile) + ", ";
     try {
       CheckPlan(run);
       return true;
     } catch (Failure& failure) {
-      failure.description.insert(0, place);
+      failure.description.insert(0, Printable(run.MissionFile) + ", ");
       ShowRefusal(failure, "Velmoran can't massage this plan: press Exit, and fly it as it is.",
                   NotEnoughMemoryToMassage);
     }
