@@ -1,4 +1,6 @@
 // velmoran-odds, run as a player runs it, and compared with the tool's own massage.
+#include <numeric>
+
 #include "campaign_folder.h"
 #include "state/numbering.h"
 
@@ -72,6 +74,24 @@ TEST_F(OddsTest, RowsAreThoseOfTheToolsMassage) {
     ASSERT_EQ(lines.size(), 42U);
     for (const std::uint32_t seed : {0U, 1U, 2U, 13U, 40U}) EXPECT_EQ(lines[seed + 1], Expected(seed));
   }
+}
+
+TEST_F(OddsTest, PrintsTheFiguresOfItsRows) {
+  const Bytes text = Odds("--csv rows.csv ../campaign/campgn01.mis");
+  std::vector<int> flights;
+  for (const std::string& row : Lines(Read("rows.csv"))) {
+    const std::size_t at = row.find("complete,");
+    if (at != Bytes::npos) flights.push_back(std::stoi(row.substr(at + 9)));
+  }
+  ASSERT_EQ(flights.size(), 1001U);
+  const int next = flights.front(), tenths = (std::accumulate(flights.begin() + 1, flights.end(), 0) + 50) / 100;
+  std::sort(flights.begin() + 1, flights.end());  // a value's rank is now its place
+  const auto& rank = flights;
+  EXPECT_TRUE(std::regex_search(
+      text, std::regex("\nFlights +" + std::to_string(tenths / 10) + "\\." + std::to_string(tenths % 10) + " +" +
+                       std::to_string(rank[50]) + " +" + std::to_string(rank[500]) + " +" + std::to_string(rank[950]) +
+                       " +" + std::to_string(next) + "\n")))
+      << text;
 }
 
 TEST_F(OddsTest, WarnsOnlyOfWhatCanActOnThePlan) {

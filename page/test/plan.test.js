@@ -89,6 +89,17 @@ function truthOf({ before, after }) {
   });
 }
 
+function totalsOf({ before, after }) {
+  const totals = {};
+  [before, after].forEach(({ flights }, k) => {
+    const add = (what, number) => { (totals[what] ??= [0, 0])[k] += number; };
+    for (const { size, pilots, type } of flights) {
+      add("flights", 1), add("planes", size), add("pilots", pilots.length), add(type, 1);
+    }
+  });
+  return totals;
+}
+
 // ---- Made-up reports
 
 const at = (lon, action = 4) => ({ lon, action });
@@ -173,6 +184,8 @@ test("what the page says of massages is what the mission files say", async (t) =
     const made = massage(seed % 4 ? "campgn01" : "campgn02", seed), truth = truthOf(made);
     const content = await give(...(seed % 2 ? made.reports : made.reports.reverse()));
     assert.equal(content.message, "", `seed ${seed}`);
+    const totals = content.totals.map(({ what, before, after }) => [what, [Number(before), Number(after)]]);
+    assert.deepEqual(Object.fromEntries(totals), totalsOf(made), `seed ${seed}`);
     const isRight = ({ before, after }, k) => before === truth[k].numbers[0] && after === truth[k].numbers[1];
     flights += truth.length;
     uncertain += content.rows.filter(({ certain }) => certain === "no").length;
@@ -293,6 +306,9 @@ test("bad input is refused in one line, and the picture stays", async () => {
     "text after the end": [[file("r.txt", `${all}more\r\n`)], notReport("r.txt", lines.length)],
     "cut between flights": [cut(flight24), isCut(24)],
     "cut in a flight": [cut(flight24 + 200), isCut(25)],
+    "cut after a line": [cut(lines.slice(0, 40).join("\r\n").length + 2), isCut(1)],
+    "cut in the last list": [cut(end - 30), isCut(87)],
+    "cut by a line": [cut(end - 3), isCut(87)],
     "cut by a byte": [cut(end - 1), isCut(87)],
     "too large": [[big], "big.txt is larger than 20 MB."],
     "two days": [[before, massage("campgn02").reports[1]], "before.txt and after.txt don't belong together: choose " +
