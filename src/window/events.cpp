@@ -186,14 +186,12 @@ void WriteB_Click(RunState& run) {
   run.WriteFailed = true;
   std::string_view notEnoughMemory =
       "Error # 7 Not enough memory. No file was changed. The massaged flights are kept: close other programs, and "
-      "press "
-      "Write again before you exit.";
+      "press Write again before you exit.";
   try {
     const std::vector<Byte> image = ComposeMissionImage(run);  // complete before the file is emptied
     notEnoughMemory =
         "Error # 7 Not enough memory. The mission file may be incomplete now. The massaged flights are kept: close "
-        "other "
-        "programs, and press Write again before you exit.";
+        "other programs, and press Write again before you exit.";
     // Quirk 17: no question and no backup.
     WriteFile(run.MissionFile, image, Flush::ToDisk);
     run.WriteFailed = false;
