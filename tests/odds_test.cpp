@@ -119,7 +119,8 @@ TEST_F(OddsTest, RefusesInTheWordsOfTheTool) {
   EXPECT_EQ(Odds("", "\n"), ask + "status 0");
   for (const char* wrong : {"--massages 0", "--massages 100001", "--massages 1x", "--massages", "--seed 7",
                             "a.mis b.mis", "--csv ../velmoran/Velmoran.ini ../campaign/campgn01.mis",
-                            "--csv ../campaign/campgn01.mis ../campaign/campgn01.mis"}) {
+                            "--csv ../campaign/campgn01.mis ../campaign/campgn01.mis",
+                            "--csv ../campaign/campgn02.mis ../campaign/campgn01.mis"}) {
     EXPECT_EQ(Odds(wrong), "status 2") << wrong;
     EXPECT_TRUE(std::regex_match(Read("errors"), std::regex("velmoran-odds: [^\n]+\n"))) << Read("errors");
   }

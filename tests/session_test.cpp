@@ -110,8 +110,8 @@ TEST_F(SessionTest, ConsoleTranscript) {
   EXPECT_FALSE(std::filesystem::exists("MissionReport.txt"));
   std::filesystem::remove(ini);
   EXPECT_EQ(Console(""), "message: Error # 53 " + Native(ini) +
-                             " can't be opened: the file does not exist. Start Velmoran from its own folder, with "
-                             "Velmoran.ini in it.\nstatus 1");
+                             " can't be opened: the file does not exist. Copy Velmoran.ini there, or start Velmoran "
+                             "from the folder that has it.\nstatus 1");
 }
 
 }  // namespace

@@ -208,7 +208,7 @@ void ReadAircraft(RunState& run) {
 
 void ReadOddsAndLimits(RunState& run) {
   // Quirk 11: in the current directory.
-  ItemReader in(InputFile("Velmoran.ini", "Start Velmoran from its own folder, with Velmoran.ini in it."));
+  ItemReader in(InputFile("Velmoran.ini", "Copy Velmoran.ini there, or start Velmoran from the folder that has it."));
   const auto skipHeadings = [&in](int count) {
     for (int heading = 0; heading < count; ++heading) in.Skip({"heading"});
   };

@@ -54,6 +54,19 @@ void PrintLines(std::string_view text) {
 }
 
 // Throws WrongArgument if --csv names a file that was read.
+// Whether the file exists and isn't a list that --csv has written. What can't be read is left to WriteFile.
+bool IsAnotherFile(const std::string& csv) {
+  try {
+    const InputFile file(csv, "");
+    if (file.Path() != csv) return false;  // a file whose name differs in case, which isn't replaced
+    const std::vector<Byte> bytes = file.ReadAll();
+    const std::string_view text(reinterpret_cast<const char*>(bytes.data()), bytes.size());
+    return !text.empty() && !text.starts_with(CsvStart);
+  } catch (const Failure&) {
+    return false;
+  }
+}
+
 void RefuseToOverwrite(const RunState& run) {
   const std::string csv = PathForReport(arguments.csv);
   for (const std::string& path : {run.MissionFile, run.DatPath, std::string("Velmoran.ini"),
@@ -62,6 +75,7 @@ void RefuseToOverwrite(const RunState& run) {
       throw WrongArgument{"--csv names " + path + ", which is one of the files that are read"};
     }
   }
+  if (IsAnotherFile(csv)) throw WrongArgument{"--csv names " + csv + ", which exists and isn't a list of massages"};
 }
 
 // The text of a message without a flight's number at its end, so that messages for different flights count as one.

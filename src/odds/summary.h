@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "odds/simulate.h"
@@ -15,5 +16,6 @@ std::string Summary(const RunState& opened, const Massages& massages, const std:
 // A heading, then one line for each massage in order; lines end in "\n". A value that the massage or the plan
 // doesn't have is left empty.
 std::string Csv(const RunState& opened, const Massages& massages);
+inline constexpr std::string_view CsvStart = "seed,";  // how it begins
 
 }  // namespace velmoran
