@@ -22,8 +22,8 @@ class InputFile {
  public:
   // Opens the file at the path. On systems other than Windows, the path is tried as it is written, then with "\" read
   // as "/"; a component that doesn't exist as written is matched by SameButForCase (the first in byte order if several
-  // match). Throws Failure if it can't be opened or isn't a regular file, with adviceIfMissing as its advice
-  // if it doesn't exist.
+  // match). Throws Failure if it can't be opened or isn't a regular file. Its advice is adviceIfMissing, unless the
+  // reason (no permission, an error of the system) has advice of its own.
   InputFile(std::string_view path, std::string_view adviceIfMissing);
   ~InputFile();
   InputFile(const InputFile&) = delete;

@@ -23,7 +23,7 @@ inline Reason DoesNotExist() {
   return {FailureNumber::FileNotFound, "the file does not exist"};
 }
 inline Reason InvalidName() {
-  return {FailureNumber::FileNotFound, "this is not a valid file name"};
+  return {FailureNumber::FileNotFound, "it is not a valid file name"};
 }
 inline Reason FolderDoesNotExist() {
   return {FailureNumber::FileNotFound, "the folder does not exist"};
