@@ -21,10 +21,10 @@
 #include <string>
 #include <vector>
 
+#include "events/events.h"
 #include "measure.h"
 #include "platform/platform.h"
 #include "report/report.h"
-#include "window/events.h"
 
 namespace {
 

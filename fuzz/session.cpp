@@ -9,11 +9,11 @@
 #include <tuple>
 #include <type_traits>
 
+#include "events/events.h"
 #include "fakes.h"
 #include "files/bytes.h"
 #include "files/mission_file.h"
 #include "state/numbering.h"
-#include "window/events.h"
 
 namespace fuzz {
 

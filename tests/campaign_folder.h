@@ -15,10 +15,10 @@
 #include <string>
 #include <vector>
 
+#include "events/events.h"
 #include "fakes.h"
 #include "files/mission_file.h"
 #include "state/run_state.h"
-#include "window/events.h"
 
 using Bytes = std::string;
 using Messages = std::vector<std::string>;

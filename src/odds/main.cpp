@@ -9,6 +9,8 @@
 #include <set>
 #include <span>
 
+#include "events/captions.h"
+#include "events/events.h"
 #include "files/disk.h"
 #include "files/path.h"
 #include "odds/arguments.h"
@@ -18,9 +20,7 @@
 #include "odds/warnings.h"
 #include "platform/platform.h"
 #include "state/failure.h"
-#include "window/captions.h"
-#include "window/console/terminal.h"
-#include "window/events.h"
+#include "terminal/terminal.h"
 
 namespace velmoran {
 

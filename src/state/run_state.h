@@ -32,7 +32,7 @@ struct RunState {
   std::string MissionFile;    // the file that Open found there: its whole path, in the system's own spelling
   std::string DatPath;        // the campaign file beside it
   bool WriteFailed = false;   // whether the last Write failed
-  std::string_view HintText;  // always one of the fixed hints of window/events.cpp
+  std::string_view HintText;  // always one of the fixed hints of events/events.cpp
 
   // Image of the mission file.
   Table<Byte, 8> HeaderBytes{};  // 0: carried

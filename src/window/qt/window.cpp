@@ -29,9 +29,9 @@
 #include <cstdlib>
 #include <memory>
 
+#include "events/captions.h"
+#include "events/events.h"
 #include "platform/platform.h"
-#include "window/captions.h"
-#include "window/events.h"
 
 namespace velmoran {
 

@@ -1,7 +1,6 @@
 // The numbers that tie the dialog resource to the code. Those of the buttons follow the order of velmoran::Button.
 #pragma once
 
-#define IDI_Velmoran 1
 #define IDD_Mission 2
 
 // in dialog units

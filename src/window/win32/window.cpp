@@ -14,12 +14,13 @@
 #include <utility>
 #include <vector>
 
+#include "events/captions.h"
+#include "events/events.h"
 #include "files/disk.h"
 #include "files/utf16.h"
 #include "platform/platform.h"
-#include "window/captions.h"
-#include "window/dll_search.h"
-#include "window/events.h"
+#include "program/dll_search.h"
+#include "program/resource.h"
 #include "window/win32/resource.h"
 
 namespace velmoran {

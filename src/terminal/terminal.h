@@ -8,7 +8,7 @@ namespace velmoran {
 
 // Prepares the process; must be called first in main. On Linux a broken pipe, or a file that has reached the limit on
 // its size, then is an error of WriteLine instead of the end of the program, and freed memory is kept for later use; on
-// Windows see window/dll_search.h.
+// Windows see program/dll_search.h.
 void BeginTerminal();
 
 // Whether standard input is a terminal.

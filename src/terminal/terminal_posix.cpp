@@ -3,8 +3,8 @@
 
 #include <csignal>
 
-#include "window/console/byte_lines.h"
-#include "window/console/terminal.h"
+#include "terminal/byte_lines.h"
+#include "terminal/terminal.h"
 
 namespace velmoran {
 

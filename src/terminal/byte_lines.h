@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "window/console/terminal.h"
+#include "terminal/terminal.h"
 
 namespace velmoran {
 

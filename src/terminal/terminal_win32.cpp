@@ -1,7 +1,7 @@
 #include "files/utf16.h"
-#include "window/console/byte_lines.h"
-#include "window/console/terminal.h"
-#include "window/dll_search.h"
+#include "program/dll_search.h"
+#include "terminal/byte_lines.h"
+#include "terminal/terminal.h"
 
 // A Windows terminal reads and writes UTF-16; its functions for bytes lose what isn't ASCII.
 

@@ -8,11 +8,11 @@
 #include <new>
 #include <string>
 
+#include "events/captions.h"
+#include "events/events.h"
 #include "files/path.h"
 #include "platform/platform.h"
-#include "window/captions.h"
-#include "window/console/terminal.h"
-#include "window/events.h"
+#include "terminal/terminal.h"
 
 namespace velmoran {
 

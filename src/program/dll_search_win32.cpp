@@ -1,4 +1,4 @@
-#include "window/dll_search.h"
+#include "program/dll_search.h"
 
 #include <windows.h>
 

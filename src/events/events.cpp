@@ -1,4 +1,4 @@
-#include "window/events.h"
+#include "events/events.h"
 
 #include <new>
 #include <span>
