@@ -38,13 +38,13 @@ std::string CurrentDirectory() {
   return "/simulation/velmoran";
 }
 
-InputFile::InputFile(std::string_view path, std::string_view /*adviceIfMissing*/) : path_(NameIn(path)), handle_(0) {
+InputFile::InputFile(std::string_view path, std::string_view /*advice*/) : path_(NameIn(path)), handle_(0) {
   if (!fuzz::files.contains(path_)) throw Failure{FailureNumber::FileNotFound, path_ + " can't be opened"};
 }
 
 InputFile::~InputFile() = default;
 
-std::vector<Byte> InputFile::ReadAll() const {
+std::vector<Byte> InputFile::ReadAll(std::size_t /*mostBytes*/) const {
   return fuzz::files.at(path_);
 }
 

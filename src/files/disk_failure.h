@@ -10,13 +10,11 @@
 
 namespace velmoran {
 
-inline constexpr std::size_t LargestFile = std::size_t{256} << 20;  // in bytes
-
 // Why the system refuses something.
 struct Reason {
   FailureNumber number;
   std::string text;
-  std::string advice = {};  // for a file to read, if it differs from that for a missing one
+  std::string advice = {};  // what to do if the file was to be read; empty: the caller's advice
 };
 
 inline Reason DoesNotExist() {
@@ -50,15 +48,18 @@ inline Reason SystemError(unsigned long code) {
   return {FailureNumber::FileAccess, "system error " + std::to_string(code), "Remove the cause, and try again."};
 }
 
-inline Failure CannotOpen(std::string_view path, const Reason& reason, std::string_view adviceIfMissing) {
+inline Failure CannotOpen(std::string_view path, const Reason& reason, std::string_view advice) {
   return {reason.number, Printable(path) + " can't be opened: " + reason.text,
-          reason.advice.empty() ? std::string(adviceIfMissing) : reason.advice};
+          reason.advice.empty() ? std::string(advice) : reason.advice};
 }
 inline Failure CannotRead(std::string_view path, const Reason& reason) {
   return {reason.number, Printable(path) + " can't be read: " + reason.text, reason.advice};
 }
-inline Failure TooLarge(std::string_view path) {
-  return {FailureNumber::FileAccess, Printable(path) + " is larger than 256 MiB"};
+inline Failure TooLarge(std::string_view path, std::size_t mostBytes) {
+  constexpr std::size_t KiB = 1024, MiB = KiB * KiB;
+  return {FailureNumber::FileAccess,
+          Printable(path) + " is larger than " +
+              (mostBytes < MiB ? std::to_string(mostBytes / KiB) + " KiB" : std::to_string(mostBytes / MiB) + " MiB")};
 }
 inline Failure CannotOpenForWriting(std::string_view path, const Reason& reason) {
   return {reason.number, Printable(path) + " can't be opened for writing: " + reason.text + ". Nothing was written"};

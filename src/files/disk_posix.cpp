@@ -1,11 +1,14 @@
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <climits>
 #include <csignal>
+#include <ctime>
 #include <filesystem>
 #include <system_error>
 #include <utility>
@@ -45,10 +48,17 @@ Reason ReasonFor(int error) {
   }
 }
 
-// The name of the folder's entry that has this name, exactly or but for case; the name itself if there is none.
+// Whether the folder has an entry of exactly this name, be it a link that leads nowhere.
+bool IsThere(const fs::path& entry) {
+  std::error_code error;
+  const fs::file_type type = fs::symlink_status(entry, error).type();
+  return type != fs::file_type::not_found && type != fs::file_type::none;
+}
+
+// Returns the entry of the folder whose name differs only in case, the first in byte order if there are several, and
+// the name itself if there is none.
 fs::path EntryLike(const fs::path& folder, const fs::path& name) {
   std::error_code error;
-  if (fs::exists(folder / name, error)) return name;
   fs::path match;
   fs::directory_iterator entry(folder.empty() ? "." : folder, error);
   for (; !error && entry != fs::directory_iterator(); entry.increment(error)) {
@@ -62,22 +72,32 @@ fs::path EntryLike(const fs::path& folder, const fs::path& name) {
 
 enum class Name { Matched, Exact };  // how the last component is found
 
-std::string Locate(std::string_view path, Name name) {
+// Appends the components of the path to found, each as the folder has it. A component that isn't there and has a "\" is
+// taken for several components, as the same path is on Windows.
+void Follow(fs::path& found, const fs::path& path, Name name) {
   std::error_code error;
-  std::string spelling(path);
-  if (!fs::exists(spelling, error)) std::ranges::replace(spelling, '\\', '/');
-  const fs::path meant(spelling);
-  fs::path found = meant.is_absolute() ? fs::path() : fs::path(CurrentDirectory());
-  for (auto part = meant.begin(); part != meant.end(); ++part) {
+  for (auto part = path.begin(); part != path.end(); ++part) {
+    const bool last = std::next(part) == path.end();
     if (*part == ".") continue;
     if (*part == ".." && fs::symlink_status(found, error).type() == fs::file_type::directory) {
       found = found.parent_path();
-    } else if (name == Name::Exact && std::next(part) == meant.end()) {
+    } else if (IsThere(found / *part)) {
       found /= *part;
+    } else if (part->native().find('\\') != std::string::npos) {
+      std::string slashes = part->native();
+      std::ranges::replace(slashes, '\\', '/');
+      Follow(found, slashes, last ? name : Name::Matched);
     } else {
-      found /= EntryLike(found, *part);
+      found /= last && name == Name::Exact ? *part : EntryLike(found, *part);
     }
   }
+}
+
+std::string Locate(std::string_view path, Name name) {
+  if (path.size() >= PATH_MAX) return std::string(path);  // which the system refuses
+  const fs::path given(path);
+  fs::path found = given.is_absolute() ? fs::path() : fs::path(CurrentDirectory());
+  Follow(found, given, name);
   return found.string();
 }
 
@@ -114,38 +134,67 @@ int CheckRegular(int file) {
   return S_ISREG(status.st_mode) ? 0 : S_ISDIR(status.st_mode) ? EISDIR : ENXIO;
 }
 
-// While one exists, signals that ask the program to end are only noted, in any thread, and a file that exceeds the
-// limit on file sizes is an error of write() instead of a signal. The last signal noted is raised afterwards.
+// While one exists, no signal ends or stops the program, in any thread: each is noted and raised again afterwards, when
+// it does what it would have done before. Left out are those that can't be held (SIGKILL, SIGSTOP, the two that the C
+// library keeps for itself), and those that report a fault of the program. Writing past the limit on file sizes is an
+// error of write() instead of a signal.
 class SignalsHeld {
  public:
   SignalsHeld() {
-    noted = 0;
     struct sigaction note {};
-    note.sa_handler = [](int signal) { noted = signal; };
+    note.sa_handler = [](int signal) { noted[static_cast<std::size_t>(signal)] = 1; };
     note.sa_flags = SA_RESTART;
-    for (std::size_t i = 0; i < Ending.size(); ++i) {
-      sigaction(Ending[i], nullptr, &before_[i]);
-      // A signal that the program ignores must not take the place of another.
-      if (before_[i].sa_handler != SIG_IGN) sigaction(Ending[i], &note, nullptr);
-    }
     struct sigaction ignore {};
     ignore.sa_handler = SIG_IGN;
-    sigaction(SIGXFSZ, &ignore, &beforeLimit_);
+    for (int signal = 1; signal < NSIG; ++signal) {
+      const auto place = static_cast<std::size_t>(signal);
+      noted[place] = 0;
+      held_[place] = !IsFault(signal) && sigaction(signal, signal == SIGXFSZ ? &ignore : &note, &before_[place]) == 0;
+    }
   }
   ~SignalsHeld() {
-    sigaction(SIGXFSZ, &beforeLimit_, nullptr);
-    for (std::size_t i = 0; i < Ending.size(); ++i) sigaction(Ending[i], &before_[i], nullptr);
-    if (noted != 0) raise(noted);
+    for (int signal = 1; signal < NSIG; ++signal) {
+      const auto place = static_cast<std::size_t>(signal);
+      if (held_[place]) sigaction(signal, &before_[place], nullptr);
+    }
+    for (int signal = 1; signal < NSIG; ++signal) {
+      if (noted[static_cast<std::size_t>(signal)] != 0) raise(signal);
+    }
   }
   SignalsHeld(const SignalsHeld&) = delete;
   SignalsHeld& operator=(const SignalsHeld&) = delete;
 
  private:
-  static constexpr std::array Ending{SIGINT, SIGTERM, SIGHUP, SIGQUIT, SIGXCPU, SIGALRM, SIGUSR1, SIGVTALRM, SIGUSR2};
-  static inline volatile std::sig_atomic_t noted = 0;
-  std::array<struct sigaction, Ending.size()> before_{};
-  struct sigaction beforeLimit_ {};
+  static bool IsFault(int signal) {
+    constexpr std::array Faults{SIGSEGV, SIGBUS, SIGFPE, SIGILL, SIGTRAP, SIGABRT, SIGSYS};
+    return std::ranges::find(Faults, signal) != Faults.end();
+  }
+
+  static inline std::array<volatile std::sig_atomic_t, NSIG> noted{};  // by number
+  std::array<bool, NSIG> held_{};
+  std::array<struct sigaction, NSIG> before_{};
 };
+
+// Waits until no other Velmoran is writing the file; the lock lasts until the file is closed. Returns false if another
+// program has kept it locked for some seconds. A file system without locks counts as locked.
+bool Lock(int file) {
+  constexpr int Tries = 50;
+  constexpr timespec Pause{0, 100'000'000};  // a tenth of a second
+  for (int tried = 0; tried < Tries; ++tried) {
+    if (flock(file, LOCK_EX | LOCK_NB) == 0 || (errno != EWOULDBLOCK && errno != EINTR)) return true;
+    nanosleep(&Pause, nullptr);
+  }
+  return false;
+}
+
+// Cuts the file to its first bytes. If that fails, errno has the reason.
+bool CutTo(int file, std::size_t size) {
+  int result;
+  do {
+    result = ftruncate(file, static_cast<off_t>(size));
+  } while (result != 0 && errno == EINTR);
+  return result == 0;
+}
 
 // Returns how many bytes the system has written. If that isn't all, errno has the reason.
 std::size_t WriteAll(int file, std::span<const Byte> bytes) {
@@ -174,10 +223,10 @@ std::string CurrentDirectory() {
   return fs::current_path(error).string();
 }
 
-InputFile::InputFile(std::string_view path, std::string_view adviceIfMissing) : path_(Locate(path, Name::Matched)) {
+InputFile::InputFile(std::string_view path, std::string_view advice) : path_(Locate(path, Name::Matched)) {
   Handle file(Open(path_, O_RDONLY));
-  if (file.number < 0) throw CannotOpen(path_, ReasonFor(errno), adviceIfMissing);
-  if (const int error = CheckRegular(file.number)) throw CannotOpen(path_, ReasonFor(error), adviceIfMissing);
+  if (file.number < 0) throw CannotOpen(path_, ReasonFor(errno), advice);
+  if (const int error = CheckRegular(file.number)) throw CannotOpen(path_, ReasonFor(error), advice);
   handle_ = std::exchange(file.number, -1);
 }
 
@@ -185,12 +234,12 @@ InputFile::~InputFile() {
   close(static_cast<int>(handle_));
 }
 
-std::vector<Byte> InputFile::ReadAll() const {
+std::vector<Byte> InputFile::ReadAll(std::size_t mostBytes) const {
   const int file = static_cast<int>(handle_);
   struct stat status;
   if (fstat(file, &status) != 0) throw CannotRead(path_, ReasonFor(errno));
   const auto size = static_cast<std::size_t>(status.st_size);
-  if (size > LargestFile) throw TooLarge(path_);
+  if (size > mostBytes) throw TooLarge(path_, mostBytes);
 
   std::vector<Byte> bytes(size);
   std::size_t taken = 0;
@@ -211,15 +260,20 @@ std::string PathForReport(std::string_view path) {
 
 void WriteFile(const std::string& path, std::span<const Byte> bytes, Flush flush) {
   const SignalsHeld held;
-  Handle file(Open(path, O_WRONLY | O_CREAT | O_TRUNC));
+  Handle file(Open(path, O_WRONLY | O_CREAT));
   if (file.number < 0) {
     const int error = errno;
     throw CannotOpenForWriting(path, error == ENOENT || error == ENOTDIR ? FolderDoesNotExist() : ReasonFor(error));
   }
   if (const int error = CheckRegular(file.number)) throw CannotOpenForWriting(path, ReasonFor(error));
+  if (!Lock(file.number)) throw CannotOpenForWriting(path, InUse());
 
+  // From here on the file changes.
+  if (!CutTo(file.number, 0)) throw NotStored(path, ReasonFor(errno));
   const std::size_t written = WriteAll(file.number, bytes);
   if (written < bytes.size()) throw CutShort(path, written, bytes.size(), ReasonFor(errno));
+  // Another program may have made it longer meanwhile.
+  if (!CutTo(file.number, written)) throw NotStored(path, ReasonFor(errno));
   if (flush == Flush::ToDisk && !FlushToDisk(file.number)) throw NotStored(path, ReasonFor(errno));
   if (!file.Close()) throw NotStored(path, ReasonFor(errno));
 }

@@ -43,6 +43,8 @@ Reason ReasonFor(DWORD error) {
 }
 
 std::string Locate(std::string_view path) {
+  constexpr std::size_t LongestPath = 32767;  // in units of UTF-16, of which a path in UTF-8 has at least as many bytes
+  if (path.size() > 3 * LongestPath) return std::string(path);  // which the system refuses
   const std::wstring wide = ToUtf16(path);
   std::wstring whole(GetFullPathNameW(wide.c_str(), 0, nullptr, nullptr), L'\0');
   whole.resize(GetFullPathNameW(wide.c_str(), static_cast<DWORD>(whole.size()), whole.data(), nullptr));
@@ -91,6 +93,7 @@ class EndHeld {
     AcquireSRWLockExclusive(&writing);
     SetConsoleCtrlHandler(WaitForWrite, TRUE);
   }
+  // Releases the lock first: a request that waits for it then goes on, and unregistering waits for no request.
   ~EndHeld() {
     ReleaseSRWLockExclusive(&writing);
     SetConsoleCtrlHandler(WaitForWrite, FALSE);
@@ -106,6 +109,29 @@ class EndHeld {
   }
   static inline SRWLOCK writing = SRWLOCK_INIT;
 };
+
+// Waits until no other Velmoran is writing the file; the lock lasts until the file is closed. Returns false if another
+// program has kept it locked for some seconds. A file system without locks counts as locked.
+bool Lock(HANDLE file) {
+  constexpr int Tries = 50;
+  constexpr DWORD Pause = 100;  // in milliseconds
+  OVERLAPPED place{};           // one byte far beyond the end, so that nobody is kept from the file's own bytes
+  place.OffsetHigh = 0x4000'0000U;
+  for (int tried = 0; tried < Tries; ++tried) {
+    if (LockFileEx(file, LOCKFILE_EXCLUSIVE_LOCK | LOCKFILE_FAIL_IMMEDIATELY, 0, 1, 0, &place) != 0) return true;
+    const DWORD error = GetLastError();
+    if (error != ERROR_LOCK_VIOLATION && error != ERROR_IO_PENDING) return true;
+    Sleep(Pause);
+  }
+  return false;
+}
+
+// Cuts the file to its first bytes. If that fails, GetLastError has the reason.
+bool CutTo(HANDLE file, std::size_t size) {
+  LARGE_INTEGER end;
+  end.QuadPart = static_cast<LONGLONG>(size);
+  return SetFilePointerEx(file, end, nullptr, FILE_BEGIN) != 0 && SetEndOfFile(file) != 0;
+}
 
 // Returns how many bytes the system has written. If that isn't all, GetLastError has the reason.
 std::size_t WriteAll(HANDLE file, std::span<const Byte> bytes) {
@@ -133,13 +159,13 @@ std::string CurrentDirectory() {
   return ToUtf8(path);
 }
 
-InputFile::InputFile(std::string_view path, std::string_view adviceIfMissing) : path_(Locate(path)) {
+InputFile::InputFile(std::string_view path, std::string_view advice) : path_(Locate(path)) {
   Handle opened(Open(path_, GENERIC_READ, OPEN_EXISTING));
   if (opened.file == INVALID_HANDLE_VALUE) {
     const DWORD error = GetLastError();
-    throw CannotOpen(path_, IsFolder(path_) ? IsAFolder() : ReasonFor(error), adviceIfMissing);
+    throw CannotOpen(path_, IsFolder(path_) ? IsAFolder() : ReasonFor(error), advice);
   }
-  if (GetFileType(opened.file) != FILE_TYPE_DISK) throw CannotOpen(path_, NotARegularFile(), adviceIfMissing);
+  if (GetFileType(opened.file) != FILE_TYPE_DISK) throw CannotOpen(path_, NotARegularFile(), advice);
   handle_ = reinterpret_cast<std::intptr_t>(std::exchange(opened.file, INVALID_HANDLE_VALUE));
 }
 
@@ -147,11 +173,11 @@ InputFile::~InputFile() {
   CloseHandle(reinterpret_cast<HANDLE>(handle_));
 }
 
-std::vector<Byte> InputFile::ReadAll() const {
+std::vector<Byte> InputFile::ReadAll(std::size_t mostBytes) const {
   const HANDLE file = reinterpret_cast<HANDLE>(handle_);
   LARGE_INTEGER size;
   if (GetFileSizeEx(file, &size) == 0) throw CannotRead(path_, ReasonFor(GetLastError()));
-  if (static_cast<std::size_t>(size.QuadPart) > LargestFile) throw TooLarge(path_);
+  if (static_cast<std::size_t>(size.QuadPart) > mostBytes) throw TooLarge(path_, mostBytes);
 
   std::vector<Byte> bytes(static_cast<std::size_t>(size.QuadPart));
   DWORD taken = 0;
@@ -173,10 +199,14 @@ void WriteFile(const std::string& path, std::span<const Byte> bytes, Flush flush
     throw CannotOpenForWriting(path, ReasonForWriting(path, GetLastError()));
   }
   if (GetFileType(opened.file) != FILE_TYPE_DISK) throw CannotOpenForWriting(path, NotARegularFile());
-  if (SetEndOfFile(opened.file) == 0) throw CannotOpenForWriting(path, ReasonFor(GetLastError()));
+  if (!Lock(opened.file)) throw CannotOpenForWriting(path, InUse());
 
+  // From here on the file changes.
+  if (!CutTo(opened.file, 0)) throw NotStored(path, ReasonFor(GetLastError()));
   const std::size_t written = WriteAll(opened.file, bytes);
   if (written < bytes.size()) throw CutShort(path, written, bytes.size(), ReasonFor(GetLastError()));
+  // Another program may have made it longer meanwhile.
+  if (!CutTo(opened.file, written)) throw NotStored(path, ReasonFor(GetLastError()));
   if (flush == Flush::ToDisk && !FlushToDisk(opened.file)) throw NotStored(path, ReasonFor(GetLastError()));
   if (!opened.Close()) throw NotStored(path, ReasonFor(GetLastError()));
 }

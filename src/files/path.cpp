@@ -20,14 +20,18 @@ bool SameButForCase(std::string_view one, std::string_view other) {
   return std::ranges::equal(one, other, {}, small, small);
 }
 
-std::string Printable(std::string_view path) {
-  std::string shown(path);
-  for (std::size_t at = 0; at < shown.size(); ++at) {
-    const auto byte = static_cast<unsigned char>(shown[at]);
-    const auto next = static_cast<unsigned char>(at + 1 < shown.size() ? shown[at + 1] : 0);
-    if (byte < 0x20 || byte == 0x7F) shown[at] = '?';
-    if (byte == 0xC2 && next >= 0x80 && next < 0xA0) shown.replace(at, 2, "?");  // U+0080 to U+009F in UTF-8
+void MaskControls(std::string& text) {
+  for (std::size_t at = 0; at < text.size(); ++at) {
+    const auto byte = static_cast<unsigned char>(text[at]);
+    const auto next = static_cast<unsigned char>(at + 1 < text.size() ? text[at + 1] : 0);
+    if (byte < 0x20 || byte == 0x7F) text[at] = '?';
+    if (byte == 0xC2 && next >= 0x80 && next < 0xA0) text.replace(at, 2, "?");  // U+0080 to U+009F in UTF-8
   }
+}
+
+std::string Printable(std::string_view text) {
+  std::string shown(text);
+  MaskControls(shown);
   return shown;
 }
 

@@ -12,7 +12,10 @@ std::string DropLastCharacters(std::string_view text, int count);
 // Whether the texts are equal without regard to the case of the letters A to Z.
 bool SameButForCase(std::string_view one, std::string_view other);
 
-// The path as messages show it, with "?" for each control character.
-std::string Printable(std::string_view path);
+// Replaces each control character by "?". Allocates nothing.
+void MaskControls(std::string& text);
+
+// The text as messages show it, with its control characters masked.
+std::string Printable(std::string_view text);
 
 }  // namespace velmoran

@@ -14,6 +14,9 @@ namespace velmoran {
 
 namespace {
 
+// In bytes, some 80 times what the templates have. A name of megabytes would be in the report once for each flight.
+constexpr std::size_t LargestSetupFile = std::size_t{256} << 10;
+
 // What an item is called in a message: "MissionDefs row 3 MaxAlt", "Periods row 0 SizeFactor 2", "heading".
 struct ItemName {
   std::string_view table;
@@ -33,7 +36,7 @@ struct ItemName {
 // Reads the items of a setup file one after another. Every read is given the item's name, for the message if it fails.
 class ItemReader {
  public:
-  explicit ItemReader(const InputFile& file) : bytes_(file.ReadAll()), file_(Printable(file.Path())) {
+  explicit ItemReader(const InputFile& file) : bytes_(file.ReadAll(LargestSetupFile)), file_(Printable(file.Path())) {
     text_ = {reinterpret_cast<const char*>(bytes_.data()), bytes_.size()};
     if (text_.starts_with("\xEF\xBB\xBF")) text_.remove_prefix(3);
   }
@@ -94,10 +97,16 @@ class ItemReader {
       throw FailureAt(name, FailureNumber::NotANumber, Quoted(item) + " is not a number");
     }
     if (error == std::errc::result_out_of_range) {  // also for a number too near to 0, which counts as 0
-      const bool tiny = digits.find('.') < digits.find_first_of("123456789");
-      if (!tiny) throw FailureAt(name, FailureNumber::Overflow, Quoted(item) + " is out of range");
+      if (!IsFraction(digits)) throw FailureAt(name, FailureNumber::Overflow, Quoted(item) + " is out of range");
     }
     return number;
+  }
+
+  // Whether the number is between -1 and 1: it has a point, and no digit but 0 before it.
+  static bool IsFraction(std::string_view digits) {
+    const std::size_t point = digits.find('.');
+    return point != std::string_view::npos &&
+           digits.substr(0, point).find_first_of("123456789") == std::string_view::npos;
   }
 
   static bool IsSpaceOrTab(char letter) { return letter == ' ' || letter == '\t'; }
