@@ -12,6 +12,7 @@
 #include "events/events.h"
 #include "files/path.h"
 #include "platform/platform.h"
+#include "state/failure.h"
 #include "terminal/terminal.h"
 
 namespace velmoran {
@@ -63,7 +64,7 @@ void PrintForm() {
   Print("commands: ", form.commands);
 }
 
-// Reads the next line. The end of the input closes the form.
+// Reads the next line. The end of the input closes the form. Throws Failure if the line is too long.
 std::string NextLine() {
   std::string line;
   const Input input = ReadLine(line);
@@ -71,6 +72,11 @@ std::string NextLine() {
   if (input == Input::Error) {
     std::fputs("velmoran-console: standard input can't be read; nothing more was done\n", stderr);
     EndProgram(true);
+  }
+  if (input == Input::TooLong) {
+    throw Failure{FailureNumber::FileAccess,
+                  "The line is longer than " + std::to_string(LongestLine) + " bytes and was ignored",
+                  "Type a shorter one."};
   }
   if (line.ends_with('\r')) line.pop_back();
   return line;
@@ -92,7 +98,7 @@ void Obey(RunState& run, const std::string& word) {
   const auto command = std::ranges::find_if(
       Commands, [&word](const Command& candidate) { return SameButForCase(word, candidate.word); });
   if (command == Commands.end()) {
-    Print("unknown: ", word);
+    Print("unknown: ", Printable(word));
   } else if (!Enabled(command->button)) {
     Print("unavailable: ", command->word);
   } else {
@@ -122,6 +128,7 @@ void SetHintText(std::string_view text) {
 
 void SetTargetCaption(std::string_view text) {
   form.target = text;
+  MaskControls(form.target);
 }
 
 void ShowMessage(std::string_view text) {
@@ -154,6 +161,8 @@ int main() {
       const std::string word = Trimmed(NextLine());
       if (word.empty()) continue;
       Obey(run, word);
+    } catch (const Failure& failure) {
+      ShowMessage(FailureText(failure));
     } catch (const std::bad_alloc&) {
       ShowMessage("Error # 7 Not enough memory for this line. Nothing was done.");
     }

@@ -10,18 +10,27 @@
 
 namespace velmoran {
 
+// Reads on to the end of the line, starting with this byte of it.
+inline void SkipLine(int next) {
+  while (next != EOF && next != '\n') next = std::getchar();
+}
+
 inline Input ReadBytes(std::string& line) {
   line.clear();
   int next = std::getchar();
   const bool atEnd = next == EOF;
   try {
-    for (; next != EOF && next != '\n'; next = std::getchar()) line += static_cast<char>(next);
+    for (; next != EOF && next != '\n' && line.size() < LongestLine; next = std::getchar()) {
+      line += static_cast<char>(next);
+    }
   } catch (const std::bad_alloc&) {
-    while (next != EOF && next != '\n') next = std::getchar();
+    SkipLine(next);
     throw;
   }
+  const bool tooLong = next != EOF && next != '\n';
+  if (tooLong) SkipLine(next);
   if (std::ferror(stdin) != 0) return Input::Error;
-  return atEnd ? Input::End : Input::Line;
+  return tooLong ? Input::TooLong : atEnd ? Input::End : Input::Line;
 }
 
 inline bool WriteBytes(std::string_view label, std::string_view text) {

@@ -1,6 +1,7 @@
 // Lines of UTF-8 text from standard input and to standard output, for a person at a terminal or a program at a pipe.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -14,10 +15,13 @@ void BeginTerminal();
 // Whether standard input is a terminal.
 bool AtTerminal();
 
-enum class Input { Line, End, Error };
+inline constexpr std::size_t LongestLine = 64 * 1024;  // in bytes, many times what the path of a file may have
 
-// Reads the next line, without its end. If there isn't enough memory for it, throws std::bad_alloc; a line that isn't
-// from a Windows terminal has then been read to its end.
+enum class Input { Line, TooLong, End, Error };
+
+// Reads the next line, without its end. A line longer than LongestLine is read to its end and dropped. If there isn't
+// enough memory for the line, throws std::bad_alloc; a line that isn't from a Windows terminal, which has none that
+// long, has then been read to its end.
 Input ReadLine(std::string& line);
 
 // Writes the label, the text and a line end, and flushes them. Returns false if standard output fails.
