@@ -123,6 +123,8 @@ class CampaignFolder : public testing::Test {
     EXPECT_EQ((Load(), Open()), Messages{});
     return Press(velmoran::MassageB_Click);
   }
+
+ public:
   // The exit status of a shell command.
   static int Status(const std::string& command) {
     const int result = std::system(command.c_str());
@@ -135,6 +137,8 @@ class CampaignFolder : public testing::Test {
     const int status = Status(command + " <typed >output 2>errors");
     return std::regex_replace(Read("output"), std::regex("\r"), "") + "status " + std::to_string(status);
   }
+
+ protected:
   static Bytes Console(const Bytes& typed) { return Run("\"" VELMORAN_CONSOLE "\"", typed); }
   static Bytes Window(const Bytes& typed) { return Run("\"" VELMORAN_DRIVER "\"", typed); }
 

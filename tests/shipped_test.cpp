@@ -5,10 +5,12 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <chrono>
 #include <csignal>
 #include <cstdio>
+#include <map>
 #include <thread>
 #include <utility>
 
@@ -17,8 +19,6 @@
 namespace {
 
 namespace fs = std::filesystem;
-using namespace std::chrono_literals;
-
 // A program that is running. It takes commands and prints lines as the console does; the window does so by its driver.
 class Program {
  public:
@@ -58,7 +58,6 @@ class Program {
     statm >> pages;
     return pages * static_cast<rlim_t>(sysconf(_SC_PAGESIZE));
   }
-  void Kill(int signal) { kill(id_, signal); }
   // Ends the input, and returns the status that a shell would show.
   int Wait() {
     close(input_);
@@ -91,6 +90,15 @@ std::string HiddenDisplay() {
 }
 
 const std::string ConsoleCommand = "\"" VELMORAN_CONSOLE "\"";
+const Bytes WholeRun = "open\n../campaign/campgn01.mis\nmassage\nwrite\nexit\n";
+constexpr std::array FaultSignals{SIGSEGV, SIGBUS, SIGFPE, SIGILL, SIGTRAP, SIGABRT, SIGSYS};
+
+bool CanTrace() { return std::system("strace -o /dev/null true 2>/dev/null") == 0; }
+
+// A whole run in which strace changes what a system call does.
+Bytes Traced(const Bytes& change, const std::string& command) {
+  return CampaignFolder::Run("strace -f -o /dev/null -e inject=" + change + " " + command, WholeRun);
+}
 
 class ShippedTest : public CampaignFolder, public testing::WithParamInterface<const char*> {
  protected:
@@ -136,26 +144,86 @@ TEST_P(ShippedTest, PlanSurvivesAWriteThatIsCut) {
   EXPECT_EQ(program.Wait(), 0);
 }
 
-TEST_P(ShippedTest, RequestToEndWaitsForTheWrite) {
+// Every signal that can be held, raised while the file is being flushed: the write is finished first, then the program
+// ends as it would have at once.
+TEST_P(ShippedTest, SignalsWaitForTheWrite) {
+  if (!CanTrace()) GTEST_SKIP() << "strace isn't permitted here";
   const Bytes plan = Plan();
-  const int times = GetParam() == Bytes("Console") ? 60 : 12;
-  std::chrono::nanoseconds whole{};
-  for (int time = 0; time < times; ++time) {
+  const bool console = GetParam() == Bytes("Console");
+  for (int signal = 1; signal <= SIGRTMAX; signal += console ? 1 : 7) {
+    const bool fault = std::ranges::find(FaultSignals, signal) != FaultSignals.end();
+    const bool stops = signal >= SIGCONT && signal <= SIGTTOU;  // SIGSTOP among them
+    if (fault || stops || signal == SIGKILL || (signal > SIGSYS && signal < SIGRTMIN)) continue;
+    const bool passes = signal == SIGCHLD || signal == SIGURG || signal == SIGWINCH || signal == SIGPIPE ||
+                        signal == SIGXFSZ;  // of these, the last two are ignored by the console
+    if (passes && !console) continue;
     ::Write(mis, intact);
-    Program program(Command());
-    program.OpenAndMassage();
-    const auto begin = std::chrono::steady_clock::now();
-    program.Type("write\n");
-    if (time == 0) {
-      while (Read(mis) != plan && std::chrono::steady_clock::now() - begin < 5s) std::this_thread::yield();
-      whole = std::chrono::steady_clock::now() - begin;
+    const Bytes output = Traced("fsync:signal=" + std::to_string(signal), Command());
+    EXPECT_TRUE(Read(mis) == plan) << "signal " << signal << " left " << Read(mis).size() << " bytes";
+    EXPECT_TRUE(output.ends_with("status " + std::to_string(passes ? 0 : 128 + signal))) << signal << output;
+  }
+  ::Write(mis, intact);  // SIGHUP is ignored, and doesn't hide SIGTERM
+  const Bytes output = Traced("ftruncate:signal=TERM:when=1 -e inject=fsync:signal=HUP", "nohup " + Command());
+  EXPECT_TRUE(output.ends_with("status 143") && Read(mis) == plan) << output;
+}
+
+// Each system call of a whole run fails once, and what the console then says of the mission file is true.
+TEST_F(CampaignFolder, ConsoleIsTruthfulWhicheverCallFails) {
+  if (!CanTrace()) GTEST_SKIP() << "strace isn't permitted here";
+  ASSERT_TRUE(Run("strace -o calls " + ConsoleCommand, WholeRun).ends_with("status 0"));
+  const Bytes plan = Read(mis), calls = Read("calls");
+  std::map<Bytes, int> counts;
+  for (const Bytes& line : Lines(calls)) ++counts[line.substr(0, line.find('('))];
+  EXPECT_EQ(counts["fsync"], 1);
+  for (const char* name : {"openat", "newfstatat", "read", "write", "flock", "ftruncate", "fsync", "close", "getcwd"}) {
+    const Bytes call = name;
+    for (int time = 1; time <= counts[call]; ++time) {
+      for (const char* error : {"EIO", "EINTR"}) {
+        if (error == Bytes("EINTR") && call != "ftruncate" && call != "fsync") continue;
+        ::Write(mis, intact);
+        const Bytes output = Traced(call + ":error=" + error + ":when=" + std::to_string(time), ConsoleCommand);
+        const Bytes left = Read(mis), what = call + " " + std::to_string(time) + "\n" + output;
+        const auto says = [&output](const char* words) { return output.find(words) != Bytes::npos; };
+        if (says("Write complete")) {
+          EXPECT_TRUE(left == plan) << what;
+        } else if (says("incomplete now")) {
+          EXPECT_TRUE(output.ends_with("status 1")) << what;
+        } else {
+          EXPECT_TRUE(left == intact || (left == plan && !says("Nothing was written"))) << what;
+        }
+      }
     }
-    std::this_thread::sleep_for(whole * time / times);
-    const int signal = std::array{SIGTERM, SIGINT, SIGHUP}[static_cast<std::size_t>(time) % 3];
-    program.Kill(signal);
-    EXPECT_EQ(program.Wait(), 128 + signal);
-    const Bytes left = Read(mis);
-    EXPECT_TRUE(left == plan || left == intact) << left.size() << " bytes are left";
+  }
+}
+
+// The second one waits until the first has finished, and wins.
+TEST_F(CampaignFolder, TwoConsolesAtOnceLeaveOnePlan) {
+  if (!CanTrace()) GTEST_SKIP() << "strace isn't permitted here";
+  fs::copy("../velmoran", "../velmoraX");
+  ::Write("../velmoraX/Velmoran.ini", Replaced(Read(ini), "0.90, 1.00, 0.90", "0.45, 0.50, 0.45"));
+  const Bytes slowly = "strace -o /dev/null -P " + mis.string() + " -e inject=write:delay_enter=500000 ";
+  const Bytes elsewhere = "env --chdir=../velmoraX " + ConsoleCommand;
+  ASSERT_TRUE(Run(elsewhere, WholeRun).ends_with("status 0"));
+  const Bytes plan = Read(mis);
+  ::Write(mis, intact);
+  Program first(slowly + ConsoleCommand), second(elsewhere);
+  first.OpenAndMassage();
+  second.OpenAndMassage();
+  first.Type("write\n");
+  for (int tries = 0; fs::file_size(mis) > 0 && tries < 300; ++tries)
+    std::this_thread::sleep_for(std::chrono::milliseconds(1));
+  EXPECT_EQ(fs::file_size(mis), 0U);
+  EXPECT_NE(second.Do("write\n").find("hint: Write complete"), Bytes::npos);
+  EXPECT_EQ(first.Wait(), 0);
+  EXPECT_TRUE(Read(mis) == plan) << Read(mis).size() << " bytes are left, not " << plan.size();
+}
+
+TEST_F(CampaignFolder, ConsoleWithAClosedStream) {
+  ::Write("typed", WholeRun);
+  for (const char* closed : {"0<&-", "1>&-", "2>&-"}) {
+    const bool errors = closed == Bytes("2>&-");
+    EXPECT_EQ(Status(ConsoleCommand + " <typed >output " + closed), errors ? 0 : 1) << closed;
+    EXPECT_EQ(Read(mis) == intact, !errors) << closed;
   }
 }
 

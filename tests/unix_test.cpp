@@ -89,8 +89,18 @@ TEST_F(UnixTest, PathsOfAnotherSystem) {
   fs::create_directory_symlink(root / "campaign", "link");
   EXPECT_EQ(found("link/../data/simpatch/squadron.dat"),
             (root / "velmoran/link/../data/simpatch/squadron.dat").string());
-  ::Write("odd\\name", "");
-  EXPECT_EQ(found("odd\\name"), (root / "velmoran/odd\\name").string());
+  fs::create_directories("odd\\name/A\\B");
+  fs::create_directories("odd/name");
+  for (const char* file : {"odd\\name/A\\B/file", "odd/name/file"}) ::Write(file, "");
+  EXPECT_EQ(found("odd\\name\\a\\B\\file"), "nothing");  // "\" within a name that exists doesn't separate
+  EXPECT_EQ(found("odd\\name/A\\B\\FILE"), "nothing");
+  EXPECT_EQ(found((root / "velmoran/odd\\name/A\\B/FILE").string()), (root / "velmoran/odd\\name/A\\B/file").string());
+  EXPECT_EQ(found("odd\\NAME\\file"), (root / "velmoran/odd/name/file").string());
+  fs::create_symlink("/nowhere", "PLAN.MIS");  // a link to a disk that isn't there
+  ::Write("plan.mis", "another");
+  EXPECT_EQ(found("PLAN.MIS"), "nothing");
+  EXPECT_EQ(found("Plan.mis"), "nothing");  // of several, the first in byte order
+  EXPECT_EQ(found(Bytes(5000, 'x')), "nothing");
   fs::create_directory(root / "Campaign");  // the exact name goes first
   EXPECT_EQ(found("../Campaign/campgn01.mis"), "nothing");
 }
