@@ -112,6 +112,7 @@ TEST_F(UnixTest, ReportGetsExactlyTheNameThatIsTyped) {
   EXPECT_EQ(Press(ReportB_Click, "notes.txt"), Messages{});
   EXPECT_EQ(Press(ReportB_Click), Messages{});
   EXPECT_EQ(Press(ReportB_Click, "..\\CAMPAIGN\\Report.TXT"), Messages{});
+  EXPECT_EQ(Press(ReportB_Click, "new/").size(), 1U);  // a folder, not a file called "new"
   EXPECT_EQ(Read("NOTES.TXT") + Read("missionreport.TXT"), "keptkept");
   EXPECT_EQ(Read("notes.txt"), Read("MissionReport.txt"));
   EXPECT_EQ(Read("notes.txt"), Read(root / "campaign/Report.TXT"));

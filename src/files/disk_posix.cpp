@@ -72,32 +72,33 @@ fs::path EntryLike(const fs::path& folder, const fs::path& name) {
 
 enum class Name { Matched, Exact };  // how the last component is found
 
-// Appends the components of the path to found, each as the folder has it. A component that isn't there and has a "\" is
-// taken for several components, as the same path is on Windows.
-void Follow(fs::path& found, const fs::path& path, Name name) {
+// Goes on from found to one more component, as the folder has it.
+void Append(fs::path& found, const fs::path& part, Name name) {
   std::error_code error;
-  for (auto part = path.begin(); part != path.end(); ++part) {
-    const bool last = std::next(part) == path.end();
-    if (*part == ".") continue;
-    if (*part == ".." && fs::symlink_status(found, error).type() == fs::file_type::directory) {
-      found = found.parent_path();
-    } else if (IsThere(found / *part)) {
-      found /= *part;
-    } else if (part->native().find('\\') != std::string::npos) {
-      std::string slashes = part->native();
-      std::ranges::replace(slashes, '\\', '/');
-      Follow(found, slashes, last ? name : Name::Matched);
-    } else {
-      found /= last && name == Name::Exact ? *part : EntryLike(found, *part);
-    }
+  if (part == ".") return;
+  if (part == ".." && fs::symlink_status(found, error).type() == fs::file_type::directory) {
+    found = found.parent_path();
+  } else {
+    found /= name == Name::Exact || IsThere(found / part) ? part : EntryLike(found, part);
   }
 }
 
+// Returns the whole path, each component as its folder has it. A component that isn't there and has a "\" is taken for
+// several components, as the same path is on Windows.
 std::string Locate(std::string_view path, Name name) {
   if (path.size() >= PATH_MAX) return std::string(path);  // which the system refuses
   const fs::path given(path);
   fs::path found = given.is_absolute() ? fs::path() : fs::path(CurrentDirectory());
-  Follow(found, given, name);
+  for (auto part = given.begin(); part != given.end(); ++part) {
+    if (part->empty()) found /= "";  // the path ends in a "/"
+    std::string slashes = part->native();
+    if (!IsThere(found / *part)) std::ranges::replace(slashes, '\\', '/');
+    const fs::path components = part == given.begin() ? fs::path(slashes) : fs::path(slashes).relative_path();
+    for (auto component = components.begin(); component != components.end(); ++component) {
+      const bool last = std::next(part) == given.end() && std::next(component) == components.end();
+      Append(found, *component, last ? name : Name::Matched);
+    }
+  }
   return found.string();
 }
 
